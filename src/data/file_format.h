@@ -1,0 +1,86 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <optional>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// The data file format as pure functions on text: delimiters, the header line, field splitting, and
+/// which layer blocks a file holds.
+namespace tarvelint {
+
+/// The word that opens a header line, and the application's title.
+inline constexpr std::string_view kTitle = "Tarvelint";
+
+/// 1-based, as the file dialogs list them.
+enum class FileType { space = 1, tab = 2, comma = 3 };
+
+[[nodiscard]] char delimiterOf(FileType type);
+[[nodiscard]] FileType fileTypeOf(char delimiter);
+
+/// Fields of a line without its end. "," ends a field every time; blanks and tabs count as one
+/// delimiter in runs and are ignored at the start of the line. A delimiter at the end of the line makes
+/// no further field.
+[[nodiscard]] std::vector<std::string_view> splitFields(std::string_view line, char delimiter);
+
+/// A fault in a header line or in the shape of a file; the text is ready for a message box.
+class FormatFault : public std::runtime_error {
+public:
+    explicit FormatFault(const std::string& text, std::string title = {})
+        : std::runtime_error(text), m_title(std::move(title))
+    {
+    }
+    /// Title of the message box; empty means the application's.
+    [[nodiscard]] const std::string& title() const { return m_title; }
+
+private:
+    std::string m_title;
+};
+
+/// What a header line says.
+struct FileHeader {
+    int layerCode = 0; ///< unconverted 4, baseline 2, converted 1, summed
+    std::int16_t columns = 0;
+    std::int32_t rows = 0; ///< per layer
+    bool withLabels = false;
+    bool blankIsDot = false; ///< missing values are written as dots
+    std::int32_t blank = 0;  ///< when `blankIsDot` is False
+};
+
+[[nodiscard]] bool isHeaderLine(std::string_view line);
+
+/// @throws FormatFault with the fixed text of the first fault, in the order layers, columns, rows,
+/// labels, blank, closing quote; a count that is no number, does not fit or is below 1 names itself.
+[[nodiscard]] FileHeader parseHeader(std::string_view line, char delimiter);
+
+/// What the save dialogs chose; layers and dots by their boxes.
+struct SaveChoices {
+    bool unconverted = true;
+    bool baseline = true;
+    bool converted = true;
+    bool header = true;
+    bool dots = true;
+    bool labels = false;
+};
+
+/// The header line without its end. `longDate` and `grouping` come from the system.
+[[nodiscard]] std::string composeHeader(const SaveChoices& choices, char delimiter, std::int16_t columns,
+                                        std::int32_t lines, std::int32_t blank, std::string_view longDate,
+                                        std::string_view grouping);
+
+/// One layer block of a file with a header.
+struct LayerRead {
+    int layer = 0;
+    std::int64_t skipLines = 0; ///< lines before the block's first data line, from the top of the record
+    bool fillBase = false;      ///< fill the baseline layer after this block
+    bool fillOut = false;       ///< fill the converted layer after this block
+};
+
+/// The blocks to read for a layer code, in order; nullopt for a code outside 1 to 7.
+[[nodiscard]] std::optional<std::vector<LayerRead>> layerReads(int layerCode, std::int32_t lines, bool withLabels);
+
+} // namespace tarvelint

@@ -1,0 +1,90 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "data/settings_store.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace tarvelint {
+
+class Window;
+
+/// The plain half of the column setup dialog (`labelForm`): what its boxes hold, and what OK does. Rows are
+/// numbered from 1, as the columns are for the user. Lives from its first showing until its window
+/// or the record goes; OK and Cancel only hide it.
+class ColumnSetup {
+public:
+    /// At most so many rows are shown at a time; they lie `kRowPitch` units apart.
+    static constexpr int kVisibleRows = 15;
+    static constexpr int kRowPitch = 23;
+
+    explicit ColumnSetup(Window& parentForm) : m_parentForm(parentForm) {}
+
+    /// Fills the rows from the window's labels, clears `saveBox`, and the parameter boxes from the settings.
+    void Form_Load();
+    /// Each later showing: rows take their label texts again; marks and `saveBox` are remembered for Cancel.
+    void Form_Show();
+
+    [[nodiscard]] int rows() const { return static_cast<int>(m_labels.size()); }
+    [[nodiscard]] bool scrollBarVisible() const { return rows() > kVisibleRows; }
+    [[nodiscard]] int scrollBarMax() const { return scrollBarVisible() ? rows() - kVisibleRows : 0; }
+    /// Top of row i when the bar stands at `scrollValue`: row 1 at 2 - 23 x value, each further row 23 below.
+    [[nodiscard]] static int rowTop(int row1, int scrollValue) { return 2 - kRowPitch * scrollValue + kRowPitch * (row1 - 1); }
+    /// The scroll value nearest to the present one that shows row i whole.
+    [[nodiscard]] int scrollValueShowing(int row1, int scrollValue) const;
+
+    /// `labelBox(i)` and `checkBox(i)`, i from 1.
+    [[nodiscard]] const std::string& label(int row1) const { return m_labels.at(static_cast<std::size_t>(row1 - 1)); }
+    void setLabel(int row1, std::string text) { m_labels.at(static_cast<std::size_t>(row1 - 1)) = std::move(text); }
+    [[nodiscard]] bool isParameter(int row1) const { return m_parameter.at(static_cast<std::size_t>(row1 - 1)); }
+    void setParameter(int row1, bool checked) { m_parameter.at(static_cast<std::size_t>(row1 - 1)) = checked; }
+
+    bool saveBox = false;
+    bool turboCheck = false;
+    std::string vpdBox;
+    std::string parBox;
+    std::string VPDlBox;
+    std::string PARlBox;
+    std::string timeBox;
+
+    /// `paramFrame` takes input only while the pre-process is wanted.
+    [[nodiscard]] bool paramFrameOn() const { return turboCheck; }
+    [[nodiscard]] static const std::string& tipLabel();
+
+    /// Applies the dialog to its window, step by step, and hides it. When a number cannot be used one message says
+    /// so, nothing is applied and the dialog stays.
+    void OKButton_Click();
+    /// Hides the dialog; its boxes go back to what they were when it was shown.
+    void CancelButton_Click();
+
+private:
+    struct Parameters {
+        std::int16_t vpdCol = 0; ///< 0-based
+        std::int16_t parCol = 0;
+        float vpdLimit = 0;
+        float parLimit = 0;
+        std::int32_t lullTime = 0;
+    };
+    struct Snapshot {
+        std::vector<bool> parameter;
+        bool saveBox = false;
+        bool turboCheck = false;
+        std::string vpdBox, parBox, VPDlBox, PARlBox, timeBox;
+    };
+    [[nodiscard]] Parameters readParameters() const;
+    [[nodiscard]] std::int16_t columnNumber(const std::string& text, const char* what) const;
+    [[nodiscard]] std::int32_t sensorCount() const;
+    void takeLabels();
+    void applyPreProcess(const Parameters& parameters);
+    void applyManual();
+    void showMode();
+
+    Window& m_parentForm;
+    std::vector<std::string> m_labels;
+    std::vector<bool> m_parameter;
+    Snapshot m_shown;
+};
+
+} // namespace tarvelint

@@ -1,0 +1,77 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "data/file_format.h"
+#include "window/controls.h"
+#include "window/surface.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tarvelint {
+
+enum class Icon { none, information, warning, critical };
+enum class Buttons { ok, okCancel, yesNoCancel };
+enum class Answer { ok, cancel, yes, no };
+
+struct Message {
+    std::string text;
+    std::string title;
+    Buttons buttons = Buttons::ok;
+    Icon icon = Icon::none;
+};
+
+/// Pointer shapes over the plot, by the numbers commands know them by.
+enum class Pointer { standard = 0, cross = 2, fourWay = 5, northSouth = 7, hourglass = 11 };
+
+/// A file dialog to show; the filters are what the user reads, in the order of `FileType`.
+struct FileDialog {
+    std::string title;
+    struct Filter {
+        std::string text;     ///< "Comma Delimited (*.csv), (*.dat)"
+        std::string patterns; ///< "*.csv *.dat"
+    };
+    std::vector<Filter> filters;
+    FileType selected = FileType::space;
+};
+
+struct ChosenFile {
+    std::string path; ///< UTF-8
+    FileType type = FileType::space;
+};
+
+/// The toolkit as a command sees it. State lives in the window; `...Changed` says that it is to be shown
+/// again. Everything modal goes through here, so a test that is asked an unexpected question can fail at once.
+class Ui {
+public:
+    virtual ~Ui() = default;
+
+    virtual void changed(Control control) = 0;
+    virtual void listChanged(int index) = 0; ///< entries or choice of `varList(index)`
+    virtual void scrollBarChanged() = 0;
+    virtual void pointerChanged() = 0;
+    virtual void captionChanged() = 0;
+
+    [[nodiscard]] virtual Surface& surface(int index) = 0;
+    virtual void focus(Control control) = 0;
+    virtual void beep() = 0;
+    virtual Answer messageBox(const Message& message) = 0;
+    [[nodiscard]] virtual std::optional<ChosenFile> openFileDialog(const FileDialog& dialog) = 0;
+    [[nodiscard]] virtual std::optional<ChosenFile> saveFileDialog(const FileDialog& dialog) = 0;
+
+    /// Shows the window's column setup dialog and returns at once; with `blocking` its window takes no input meanwhile.
+    virtual void showColumnSetup(bool blocking) = 0;
+    virtual void hideColumnSetup() = 0;
+    virtual void unloadColumnSetup() = 0;
+    /// Shows the save-contents dialog and returns when it is hidden; its result stands in `SaveContents`.
+    virtual void showSaveContents() = 0;
+    virtual void unloadSaveContents() = 0;
+
+    /// Paints what is due and takes pending events. May throw to give a long command up (its window is closing).
+    virtual void letPendingEventsRun() = 0;
+    /// Closes the window for good.
+    virtual void unload() = 0;
+};
+
+} // namespace tarvelint

@@ -1,0 +1,156 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "data/data_set.h"
+#include "data/settings_store.h"
+#include "window/base_points.h"
+#include "window/column_setup.h"
+#include "window/controls.h"
+#include "window/ports.h"
+#include "window/save_contents.h"
+#include "window/ui.h"
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace tarvelint {
+
+/// A rule broken in the middle of a command that no rule of its own answers: one message box, and the command ends.
+class CommandFailure : public std::runtime_error {
+public:
+    using std::runtime_error::runtime_error;
+};
+
+/// A drop-down list of columns; an entry's index is the 0-based column, -1 none chosen.
+struct ColumnList {
+    std::vector<std::string> entries;
+    std::int32_t chosen = -1;
+};
+
+/// `HScroll1`. Its numbers fit 16 bits except in long-record mode.
+struct ScrollBar {
+    std::int32_t Min = 0;
+    std::int32_t Max = 0;
+    std::int32_t Value = 0; ///< first row shown
+    std::int32_t SmallChange = 1;
+    std::int32_t LargeChange = 1;
+};
+
+/// What a window needs from outside; all outlive it.
+struct Environment {
+    SettingsStore& settings;
+    SystemStyle& style;
+    Files& files;
+    Clock& clock;
+};
+
+/// One main window without its widgets: the state its subsystems share, and the procedures through which they call each
+/// other. Rows and columns are 0-based unless a name says otherwise.
+class Window {
+public:
+    Window(Ui& ui, const Environment& environment) : ui(ui), env(environment) {}
+    virtual ~Window() = default;
+    Window(const Window&) = delete;
+    Window& operator=(const Window&) = delete;
+
+    Ui& ui;
+    Environment env;
+    DataSet data;
+
+    // Modes
+    bool Turbo = false;    ///< baseline points drive the fixed conversion
+    bool lineMode = false; ///< one-click baseline
+    bool Sloppy = false;   ///< one-click snaps to the nearby extreme reading
+
+    // Baseline points
+    BasePoints basePoints;
+    std::vector<std::int32_t> sensorCols; ///< 1-based column of each sensor ordinal
+    std::int32_t sensors = 0;
+
+    // View
+    std::int32_t curCol = -1;
+    std::int32_t curSensor = -1; ///< sensor ordinal of `curCol`, or -1
+    std::int32_t curLayer = kUnconverted;
+    std::int32_t selStart = 0;
+    std::int32_t selEnd = 0;
+    std::int32_t lastClick = 0; ///< anchor row of the selection
+    std::int32_t markRow = -1;
+    std::int32_t grabbedPoint = -1;
+    std::int32_t dragRow = -1;
+    std::int32_t hoverRow = 0;
+    bool chainActive = false;
+    std::int16_t zoomFactor = 1; ///< plot units per row
+    std::int16_t zoomLevel = 0;
+    double yScale = 0; ///< plot units per data unit, as the last redraw of either area left it
+    bool longRecord = false; ///< the record is longer than 16-bit scrolling reaches
+    ScrollBar HScroll1;
+    std::array<ColumnList, 2> varList;
+    Pointer pointer = Pointer::standard;
+
+    // Files and dialogs
+    std::string savePath; ///< the file last saved, empty until then
+    std::string caption;
+    std::unique_ptr<ColumnSetup> labelFrm; ///< null until its first showing
+    std::unique_ptr<SaveContents> typeFrm;
+    [[nodiscard]] bool haveLabelForm() const { return labelFrm != nullptr; }
+    [[nodiscard]] bool haveTypeForm() const { return typeFrm != nullptr; }
+
+    // Controls. Setting what is already there tells nobody.
+    [[nodiscard]] const ControlState& control(Control which) const { return m_controls[static_cast<std::size_t>(which)]; }
+    [[nodiscard]] const std::string& text(Control which) const { return control(which).text; }
+    [[nodiscard]] bool isEnabled(Control which) const { return control(which).enabled; }
+    [[nodiscard]] bool isChecked(Control which) const { return control(which).checked; }
+    void setText(Control which, const std::string& text);
+    void setEnabled(Control which, bool enabled);
+    void setChecked(Control which, bool checked);
+    void setVisible(Control which, bool visible);
+
+    /// Panel 1 or 2 of the status bar; panel 2 adds "long record" while that mode is on.
+    void setStatus(int panel, const std::string& text);
+    void setLongRecord(bool on);
+    void setPointer(Pointer shape);
+    void setCaption(const std::string& text);
+
+    // What has consequences is a procedure, never a bare field.
+    /// Clips to Min..Max and runs `HScroll1_Change` when the value changes.
+    void setScrollValue(std::int32_t value);
+    /// Sets the range; a value beyond `max` moves to it, as `setScrollValue` does.
+    void setScrollRange(std::int32_t max, std::int32_t smallChange, std::int32_t largeChange);
+    /// Chooses an entry (-1 for none) and always runs `varList_Change`.
+    void chooseColumn(int index, std::int32_t entry);
+    /// Replaces the entries of both lists; nothing is chosen afterwards.
+    void setListEntries(const std::vector<std::string>& entries);
+    void setListEntry(std::int32_t entry, const std::string& text);
+    /// Every change of data, labels, marks or points ends here: `saveCheck` False, File > Save enabled.
+    void markChanged();
+
+    // Questions that several subsystems ask.
+    [[nodiscard]] bool hasRecord() const { return data.lines > 0 && data.columns > 0; }
+    /// "Do not convert" of a 0-based column; False without a column setup dialog.
+    [[nodiscard]] bool isParameterColumn(std::int32_t column) const;
+
+    // Procedures through which subsystems call each other.
+    virtual void redraw(int index, bool clear) = 0;
+    virtual void updateCues() = 0;
+    virtual void updateLabels() = 0;
+    virtual void varList_Change(int index) = 0;
+    virtual void scrollset() = 0;
+    virtual void HScroll1_Change() = 0;
+    virtual void undoSave(std::int32_t column) = 0;
+    virtual void setPoint(std::int32_t toPoint, std::int32_t fromPoint, bool dlt) = 0;
+    virtual void turboCalc(std::int32_t column, std::int32_t lPoint, std::int32_t rPoint) = 0;
+    virtual void preProcess() = 0;
+    virtual void getBase() = 0;
+    /// Makes the caption unique among all open forms and takes it; `captn` comes back as taken.
+    virtual void setcaption(std::string& captn) = 0;
+
+private:
+    Controls m_controls;
+    std::string m_panel2; ///< without the long-record note
+};
+
+} // namespace tarvelint

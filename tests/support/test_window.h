@@ -1,0 +1,76 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "support/doubles.h"
+#include "window/window.h"
+
+#include <string>
+#include <vector>
+
+namespace tarvelint::test {
+
+/// What a window under test stands on; a base so that it is built before the window.
+struct Ground {
+    MemorySettings settings;
+    FixedStyle style;
+    MemoryFiles files;
+    ManualClock clock;
+    FakeUi fakeUi;
+};
+
+/// A window whose procedures only write down that they were called ("redraw 0 True", "setPoint 3 -1 False"), so one
+/// subsystem can be tested alone. Tests that need a neighbour to act override it.
+class TestWindow : public Ground, public Window {
+public:
+    TestWindow() : Window(fakeUi, Environment{settings, style, files, clock}) {}
+
+    std::vector<std::string> calls;
+
+    void redraw(int index, bool clear) override { note("redraw", index, clear); }
+    void updateCues() override { calls.emplace_back("updateCues"); }
+    void updateLabels() override { calls.emplace_back("updateLabels"); }
+    void varList_Change(int index) override { note("varList_Change", index); }
+    void scrollset() override { calls.emplace_back("scrollset"); }
+    void HScroll1_Change() override { calls.emplace_back("HScroll1_Change"); }
+    void undoSave(std::int32_t column) override { note("undoSave", column); }
+    void setPoint(std::int32_t toPoint, std::int32_t fromPoint, bool dlt) override
+    {
+        note("setPoint", toPoint, fromPoint, dlt);
+    }
+    void turboCalc(std::int32_t column, std::int32_t lPoint, std::int32_t rPoint) override
+    {
+        note("turboCalc", column, lPoint, rPoint);
+    }
+    void preProcess() override { calls.emplace_back("preProcess"); }
+    void getBase() override { calls.emplace_back("getBase"); }
+    void setcaption(std::string& captn) override { calls.emplace_back("setcaption " + captn); }
+
+    /// Columns of readings (layer 1), all of one length; baseline and converted start as 0.
+    void setReadings(const std::vector<std::vector<double>>& columns)
+    {
+        data.allocate(static_cast<std::int16_t>(columns.size()),
+                      columns.empty() ? 0 : static_cast<std::int32_t>(columns.front().size()));
+        for (std::int32_t c = 0; c < data.columns; ++c)
+            for (std::int32_t r = 0; r < data.lines; ++r)
+                data.values(kUnconverted, c, r) = columns[static_cast<std::size_t>(c)][static_cast<std::size_t>(r)];
+    }
+    [[nodiscard]] std::vector<double> column(int layer, std::int32_t column0) const
+    {
+        std::vector<double> cells;
+        for (std::int32_t r = 0; r < data.lines; ++r) cells.push_back(data.values(layer, column0, r));
+        return cells;
+    }
+
+private:
+    static std::string word(bool value) { return value ? "True" : "False"; }
+    static std::string word(std::int32_t value) { return std::to_string(value); }
+    template <class... Arguments>
+    void note(const std::string& name, Arguments... arguments)
+    {
+        std::string call = name;
+        ((call += " " + word(arguments)), ...);
+        calls.push_back(call);
+    }
+};
+
+} // namespace tarvelint::test
