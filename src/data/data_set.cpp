@@ -2,6 +2,7 @@
 #include "data/data_set.h"
 
 #include <new>
+#include <utility>
 
 namespace tarvelint {
 

@@ -87,8 +87,8 @@ struct DataSet {
     std::int16_t parCol = -1;        ///< 0-based once the column set-up has set it
     float vpdLimit = 0.05F;
     float parLimit = 0.05F;
-    std::int32_t lullTime = 4;       ///< rows
-    std::string fileDelimiter;       ///< one character, empty before the first file
+    std::int32_t lullTime = 4; ///< rows
+    std::string fileDelimiter; ///< one character, empty before the first file
     std::string filePath;
 
     /// Sizes the grid and the lull flags together; every cell 0, every flag False.

@@ -22,6 +22,10 @@ enum class FileType { space = 1, tab = 2, comma = 3 };
 [[nodiscard]] char delimiterOf(FileType type);
 [[nodiscard]] FileType fileTypeOf(char delimiter);
 
+/// Takes the next field off the front of `rest`, the unread part of a line; nullopt when none is left.
+/// Splits as `splitFields` does, without holding all fields of a long line.
+[[nodiscard]] std::optional<std::string_view> takeField(std::string_view& rest, char delimiter);
+
 /// Fields of a line without its end. "," ends a field every time; blanks and tabs count as one
 /// delimiter in runs and are ignored at the start of the line. A delimiter at the end of the line makes
 /// no further field.
@@ -54,7 +58,8 @@ struct FileHeader {
 [[nodiscard]] bool isHeaderLine(std::string_view line);
 
 /// @throws FormatFault with the fixed text of the first fault, in the order layers, columns, rows,
-/// labels, blank, closing quote; a count that is no number, does not fit or is below 1 names itself.
+/// labels, blank, closing quote; a count that is no number, does not fit or is below 1 names itself, and
+/// so, last of all, does a quoted blank that is no 32-bit number.
 [[nodiscard]] FileHeader parseHeader(std::string_view line, char delimiter);
 
 /// What the save dialogs chose; layers and dots by their boxes.

@@ -43,13 +43,13 @@ public:
 /// Nearest 32-bit float. @throws NumericOverflow when the value is not finite or too large.
 [[nodiscard]] float toFloat32(double value);
 
-/// Room that `writeFileText` and `writeGeneralText` need at most.
+/// Room that `writeFileText` and `writeGeneralText` need at `out`, however short the text.
 inline constexpr int kNumberTextRoom = 32;
 
 /// General text of a number: at most 15 significant digits, no trailing zeros, exponent form with
 /// sign and at least two digits when the decimal exponent is below -4 or at least 15 (1E-05, 1E+15).
-/// Negative zero is "0". Writes to `out` (at least `kNumberTextRoom` characters, not terminated) and
-/// returns the end.
+/// Negative zero is "0". Writes to `out` and returns the end of the text, which is not terminated. All
+/// `kNumberTextRoom` characters from `out` on must be writable: blocks are copied past the end.
 char* writeGeneralText(char* out, double value);
 [[nodiscard]] std::string generalText(double value);
 
@@ -63,6 +63,7 @@ char* writeFileText(char* out, double value);
 /// Exactly four decimals for the screen, "." as decimal sign, "-" as minus, digits grouped by three
 /// with `grouping` (UTF-8). A grouping sign of "." is left out: it would be read back as the point.
 /// Halves away from zero in the decimal text of 15 significant digits; negative zero is "0.0000".
+/// An infinity or a NaN (which no cell holds) is "inf", "-inf" or "nan", as in general text.
 [[nodiscard]] std::string screenText(double value, std::string_view grouping);
 
 /// A whole number grouped by three with `grouping`, whatever that sign is.
