@@ -24,7 +24,7 @@ public:
 
     /// Fills the rows from the window's labels, clears `saveBox`, and the parameter boxes from the settings.
     void Form_Load();
-    /// Each later showing: rows take their label texts again; marks and `saveBox` are remembered for Cancel.
+    /// Each later showing: rows take their label texts again; its boxes stand as the last OK left them.
     void Form_Show();
 
     [[nodiscard]] int rows() const { return static_cast<int>(m_labels.size()); }
@@ -35,28 +35,38 @@ public:
     /// The scroll value nearest to the present one that shows row i whole.
     [[nodiscard]] int scrollValueShowing(int row1, int scrollValue) const;
 
-    /// `labelBox(i)` and `checkBox(i)`, i from 1.
-    [[nodiscard]] const std::string& label(int row1) const { return m_labels.at(static_cast<std::size_t>(row1 - 1)); }
-    void setLabel(int row1, std::string text) { m_labels.at(static_cast<std::size_t>(row1 - 1)) = std::move(text); }
-    [[nodiscard]] bool isParameter(int row1) const { return m_parameter.at(static_cast<std::size_t>(row1 - 1)); }
-    void setParameter(int row1, bool checked) { m_parameter.at(static_cast<std::size_t>(row1 - 1)) = checked; }
+    /// The boxes below the rows, as the user left them.
+    struct Boxes {
+        std::vector<bool> checkBox; ///< "Do not convert", by 0-based column
+        bool saveBox = false;
+        bool turboCheck = false;
+        std::string vpdBox; ///< 1-based column
+        std::string parBox; ///< 1-based column
+        std::string VPDlBox;
+        std::string PARlBox;
+        std::string timeBox; ///< rows
+    };
 
-    bool saveBox = false;
-    bool turboCheck = false;
-    std::string vpdBox;
-    std::string parBox;
-    std::string VPDlBox;
-    std::string PARlBox;
-    std::string timeBox;
+    /// `labelBox(i)` and `checkBox(i)`, i from 1.
+    [[nodiscard]] const std::string& labelBox(int row1) const { return m_labels.at(static_cast<std::size_t>(row1 - 1)); }
+    void setLabelBox(int row1, std::string text) { m_labels.at(static_cast<std::size_t>(row1 - 1)) = std::move(text); }
+    [[nodiscard]] bool checkBox(int row1) const { return boxes.checkBox.at(static_cast<std::size_t>(row1 - 1)); }
+    void setCheckBox(int row1, bool checked) { boxes.checkBox.at(static_cast<std::size_t>(row1 - 1)) = checked; }
+    Boxes boxes;
+
+    /// Marks and the label choice as the last OK left them: what commands and files go by. Before the first OK the
+    /// dialog has decided nothing: no column is a parameter, and labels go out as the file came.
+    [[nodiscard]] bool isParameter(int row1) const { return m_applied.checkBox.at(static_cast<std::size_t>(row1 - 1)); }
+    [[nodiscard]] bool savesLabels() const;
 
     /// `paramFrame` takes input only while the pre-process is wanted.
-    [[nodiscard]] bool paramFrameOn() const { return turboCheck; }
+    [[nodiscard]] bool paramFrameOn() const { return boxes.turboCheck; }
     [[nodiscard]] static const std::string& tipLabel();
 
     /// Applies the dialog to its window, step by step, and hides it. When a number cannot be used one message says
     /// so, nothing is applied and the dialog stays.
     void OKButton_Click();
-    /// Hides the dialog; its boxes go back to what they were when it was shown.
+    /// Hides the dialog with nothing applied; its boxes go back to what the last OK left. The frame's close button does the same.
     void CancelButton_Click();
 
 private:
@@ -67,24 +77,17 @@ private:
         float parLimit = 0;
         std::int32_t lullTime = 0;
     };
-    struct Snapshot {
-        std::vector<bool> parameter;
-        bool saveBox = false;
-        bool turboCheck = false;
-        std::string vpdBox, parBox, VPDlBox, PARlBox, timeBox;
-    };
     [[nodiscard]] Parameters readParameters() const;
     [[nodiscard]] std::int16_t columnNumber(const std::string& text, const char* what) const;
     [[nodiscard]] std::int32_t sensorCount() const;
     void takeLabels();
     void applyPreProcess(const Parameters& parameters);
     void applyManual();
-    void showMode();
 
     Window& m_parentForm;
     std::vector<std::string> m_labels;
-    std::vector<bool> m_parameter;
-    Snapshot m_shown;
+    Boxes m_applied;
+    bool m_hasDecided = false; ///< OK was given at least once
 };
 
 } // namespace tarvelint

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "data/file_format.h"
+#include "data/settings_store.h"
 #include "window/controls.h"
 #include "window/surface.h"
 
@@ -12,7 +13,7 @@
 namespace tarvelint {
 
 enum class Icon { none, information, warning, critical };
-enum class Buttons { ok, okCancel, yesNoCancel };
+enum class Buttons { ok, okCancel, yesNo, yesNoCancel };
 enum class Answer { ok, cancel, yes, no };
 
 struct Message {
@@ -70,8 +71,15 @@ public:
 
     /// Paints what is due and takes pending events. May throw to give a long command up (its window is closing).
     virtual void letPendingEventsRun() = 0;
-    /// Closes the window for good.
+    /// Closes the window; its close handling still runs.
     virtual void unload() = 0;
+
+    /// The window's place and size on the screen; a place that no screen shows is moved onto one.
+    [[nodiscard]] virtual Geometry geometry() const = 0;
+    virtual void setGeometry(const Geometry& geometry) = 0;
+    [[nodiscard]] virtual bool isMinimised() const = 0;
+    /// Width and height of the screen in twips (left and top are 0).
+    [[nodiscard]] virtual Geometry screen() const = 0;
 };
 
 } // namespace tarvelint

@@ -52,7 +52,7 @@ struct Environment {
 /// other. Rows and columns are 0-based unless a name says otherwise.
 class Window {
 public:
-    Window(Ui& ui, const Environment& environment) : ui(ui), env(environment) {}
+    Window(Ui& toolkit, const Environment& environment) : ui(toolkit), env(environment) {}
     virtual ~Window() = default;
     Window(const Window&) = delete;
     Window& operator=(const Window&) = delete;
@@ -92,6 +92,8 @@ public:
     Pointer pointer = Pointer::standard;
 
     // Files and dialogs
+    int readLayers = 0; ///< layer code of the record's file (unconverted 4, baseline 2, converted 1, summed)
+    bool readWithLabels = false; ///< the record came with a labels line
     std::string savePath; ///< the file last saved, empty until then
     std::string caption;
     std::unique_ptr<ColumnSetup> labelFrm; ///< null until its first showing
@@ -124,14 +126,20 @@ public:
     void chooseColumn(int index, std::int32_t entry);
     /// Replaces the entries of both lists; nothing is chosen afterwards.
     void setListEntries(const std::vector<std::string>& entries);
-    void setListEntry(std::int32_t entry, const std::string& text);
+    /// Changes what the entries read; the choices stay, and nothing is redrawn.
+    void setListTexts(const std::vector<std::string>& texts);
     /// Every change of data, labels, marks or points ends here: `saveCheck` False, File > Save enabled.
     void markChanged();
+
+    /// Status text and plot pointer of the editing mode in force.
+    void showMode();
 
     // Questions that several subsystems ask.
     [[nodiscard]] bool hasRecord() const { return data.lines > 0 && data.columns > 0; }
     /// "Do not convert" of a 0-based column; False without a column setup dialog.
     [[nodiscard]] bool isParameterColumn(std::int32_t column) const;
+    /// Labels go into saved files: as the column setup dialog says, else as the file came.
+    [[nodiscard]] bool savesLabels() const { return labelFrm ? labelFrm->savesLabels() : readWithLabels; }
 
     // Procedures through which subsystems call each other.
     virtual void redraw(int index, bool clear) = 0;
@@ -141,6 +149,7 @@ public:
     virtual void scrollset() = 0;
     virtual void HScroll1_Change() = 0;
     virtual void undoSave(std::int32_t column) = 0;
+    virtual void forgetUndo() = 0;
     virtual void setPoint(std::int32_t toPoint, std::int32_t fromPoint, bool dlt) = 0;
     virtual void turboCalc(std::int32_t column, std::int32_t lPoint, std::int32_t rPoint) = 0;
     virtual void preProcess() = 0;

@@ -207,6 +207,12 @@ public:
         if (onPendingEvents) onPendingEvents();
     }
     void unload() override { unloaded = true; }
+    [[nodiscard]] Geometry geometry() const override { return place; }
+    void setGeometry(const Geometry& geometry) override { place = geometry; }
+    [[nodiscard]] bool isMinimised() const override { return minimised; }
+    [[nodiscard]] Geometry screen() const override { return {0, 0, 19200, 15360}; }
+    Geometry place;
+    bool minimised = false;
 
 private:
     std::optional<ChosenFile> answerDialog(const FileDialog& dialog, std::deque<std::optional<ChosenFile>>& choices)
