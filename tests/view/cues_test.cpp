@@ -1,1 +1,200 @@
 // SPDX-License-Identifier: MIT
+#include "view/cues.h"
+
+#include "view/panel_fixture.h"
+#include "view/plot_rendering.h"
+
+#include <utility>
+
+namespace tarvelint::test {
+
+namespace {
+
+/// The same with a plot that draws, in areas of 100 x 110 units.
+struct DrawnPanel : Panel {
+    PlotRendering rendering{*this};
+    void redraw(int index, bool clear) override { rendering.redraw(index, clear); }
+};
+
+// ---- cues
+
+TEST(UpdateCues, reportsReadingDayAndTimeAtBothEndsOfTheSelection)
+{
+    Panel panel;
+    panel.curCol = 2;
+    panel.select(0, 2);
+    panel.cues.updateCues();
+    EXPECT_EQ(panel.leftCues(), (Texts{"1.5000", "123", "0.5"}));
+    EXPECT_EQ(panel.rightCues(), (Texts{"1,234.5000", "125", "1E+15"}));
+}
+
+TEST(UpdateCues, groupsAsTheSystemDoesAndKeepsThePoint)
+{
+    Panel panel;
+    panel.style.sign = " ";
+    panel.curCol = 2;
+    panel.select(1, 2);
+    panel.cues.updateCues();
+    EXPECT_EQ(panel.leftCues(), (Texts{"0.0000", "124", "12.25"}));
+    EXPECT_EQ(panel.rightCues()[0], "1 234.5000");
+}
+
+TEST(UpdateCues, showsReadingsInTheConvertedViewToo)
+{
+    Panel panel;
+    panel.curCol = 3;
+    panel.curLayer = kConverted;
+    panel.data.values(kConverted, 3, 1) = 55;
+    panel.select(1, 1);
+    panel.cues.updateCues();
+    EXPECT_EQ(panel.leftCues()[0], "8.0000");
+    EXPECT_EQ(panel.rightCues()[0], "8.0000");
+}
+
+TEST(UpdateCues, aSelectionThatIsNotInsideTheRecordKeepsTheOldTexts)
+{
+    for (const auto& [first, last] : {std::pair{0, 3}, {-1, 1}, {2, 1}}) {
+        Panel panel;
+        panel.curCol = 2;
+        for (const auto label : {Control::slLabel, Control::ldLabel, Control::ltLabel}) panel.setText(label, "old");
+        panel.select(first, last);
+        panel.cues.updateCues();
+        EXPECT_EQ(panel.leftCues(), (Texts{"old", "old", "old"})) << first << " to " << last;
+    }
+}
+
+TEST(UpdateCues, aColumnThatDoesNotExistGivesAnEmptyText)
+{
+    Panel panel;
+    panel.setText(Control::slLabel, "old");
+    panel.setText(Control::rdLabel, "old");
+    panel.setText(Control::rtLabel, "old");
+    panel.curCol = -1;
+    panel.data.dateCol = 0;
+    panel.data.timeCol = 5;
+    panel.cues.updateCues();
+    EXPECT_EQ(panel.leftCues(), (Texts{"", "", ""}));
+    EXPECT_EQ(panel.rightCues(), (Texts{"", "", ""}));
+}
+
+// ---- view, range and reference
+
+TEST(ViewButton, togglesTheMainAreaBetweenReadingsAndConvertedValues)
+{
+    Panel panel;
+    panel.cues.viewButton_Click();
+    EXPECT_EQ(panel.curLayer, kConverted);
+    EXPECT_EQ(panel.text(Control::statusPanel2), "Display: viewing output data");
+    EXPECT_THAT(panel.calls, ElementsAre("redraw 0 True"));
+    EXPECT_THAT(panel.fakeUi.focused, ElementsAre(Control::Picture1_0));
+    panel.cues.viewButton_Click();
+    EXPECT_EQ(panel.curLayer, kUnconverted);
+    EXPECT_EQ(panel.text(Control::statusPanel2), "Display: viewing input data");
+}
+
+TEST(ViewButton, aDisabledPlotGetsNoFocus)
+{
+    Panel panel;
+    panel.setEnabled(Control::Picture1_0, false);
+    panel.cues.viewButton_Click();
+    EXPECT_THAT(panel.calls, ElementsAre("redraw 0 True"));
+    EXPECT_THAT(panel.fakeUi.focused, IsEmpty());
+}
+
+TEST(RangeControls, checkingAutoRedrawsAndUncheckingDoesNot)
+{
+    Panel panel;
+    panel.cues.scaleBox_Click(1, true);
+    EXPECT_TRUE(panel.isChecked(Control::scaleBox1));
+    EXPECT_FALSE(panel.isChecked(Control::scaleBox0));
+    EXPECT_THAT(panel.calls, ElementsAre("redraw 1 True"));
+    panel.cues.scaleBox_Click(1, false);
+    EXPECT_FALSE(panel.isChecked(Control::scaleBox1));
+    EXPECT_EQ(panel.calls.size(), 1U);
+}
+
+TEST(RangeControls, checkingAutoAgainOverwritesBothBoxesWithTheVisibleExtremes)
+{
+    DrawnPanel panel;
+    panel.choose(0, 3);
+    panel.setText(Control::minLabel0, "-5");
+    panel.setText(Control::maxLabel0, "50");
+    panel.cues.scaleBox_Click(0, true);
+    EXPECT_EQ(panel.text(Control::minLabel0), "7.0000");
+    EXPECT_EQ(panel.text(Control::maxLabel0), "9.0000");
+    panel.cues.scaleBox_Click(0, false);
+    EXPECT_EQ(panel.text(Control::minLabel0), "7.0000");
+}
+
+TEST(RangeControls, anyKeyInARangeBoxTurnsAutoOffForItsAreaOnly)
+{
+    Panel panel;
+    for (const auto check : {Control::scaleBox0, Control::scaleBox1}) panel.setChecked(check, true);
+    panel.cues.maxLabel_KeyPress(0);
+    EXPECT_FALSE(panel.isChecked(Control::scaleBox0));
+    EXPECT_TRUE(panel.isChecked(Control::scaleBox1));
+    panel.cues.minLabel_KeyPress(1);
+    EXPECT_FALSE(panel.isChecked(Control::scaleBox1));
+    EXPECT_THAT(panel.calls, IsEmpty());
+}
+
+TEST(RangeControls, aBoxRedrawsItsAreaOnceItsTextIsANumber)
+{
+    Panel panel;
+    panel.setText(Control::minLabel1, "-3.5");
+    panel.cues.minLabel_KeyUp(1);
+    panel.setText(Control::maxLabel0, " 12 ");
+    panel.cues.maxLabel_KeyUp(0);
+    EXPECT_THAT(panel.calls, ElementsAre("redraw 1 True", "redraw 0 True"));
+}
+
+TEST(RangeControls, aBoxWhoseTextIsNoNumberKeepsTheLastRange)
+{
+    for (const auto* typed : {"", "1e", "-", "1,234", "x"}) {
+        Panel panel;
+        panel.setText(Control::minLabel0, typed);
+        panel.setText(Control::maxLabel0, typed);
+        panel.cues.minLabel_KeyUp(0);
+        panel.cues.maxLabel_KeyUp(0);
+        EXPECT_THAT(panel.calls, IsEmpty()) << typed;
+    }
+}
+
+TEST(RangeControls, anExponentBeingTypedTakesEffectWhenItIsComplete)
+{
+    DrawnPanel panel;
+    panel.choose(0, 3);
+    panel.setChecked(Control::scaleBox0, true);
+    panel.setText(Control::minLabel0, "0");
+    panel.yScale = 7;
+    panel.cues.maxLabel_KeyPress(0);
+    panel.setText(Control::maxLabel0, "1e");
+    panel.cues.maxLabel_KeyUp(0);
+    EXPECT_FALSE(panel.isChecked(Control::scaleBox0));
+    EXPECT_EQ(panel.yScale, 7);
+    panel.setText(Control::maxLabel0, "1e2");
+    panel.cues.maxLabel_KeyUp(0);
+    EXPECT_DOUBLE_EQ(panel.yScale, 1); // 110 / (100 x 1.1)
+}
+
+TEST(ReferenceControls, theBoxTakesInputWhileTheLineIsWanted)
+{
+    Panel panel;
+    panel.cues.refCheck_Click(false);
+    EXPECT_FALSE(panel.isEnabled(Control::refBox));
+    panel.cues.refCheck_Click(true);
+    EXPECT_TRUE(panel.isChecked(Control::refCheck));
+    EXPECT_TRUE(panel.isEnabled(Control::refBox));
+    EXPECT_THAT(panel.calls, ElementsAre("redraw 1 True", "redraw 1 True"));
+}
+
+TEST(ReferenceControls, aChangedValueRedrawsTheCompanion)
+{
+    Panel panel;
+    panel.cues.refBox_Change();
+    EXPECT_THAT(panel.calls, ElementsAre("redraw 1 True"));
+}
+
+} // namespace
+
+} // namespace tarvelint::test

@@ -1,0 +1,61 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "window/window.h"
+
+#include <cstdint>
+
+namespace tarvelint {
+
+/// Range and steps of the scroll bar, in rows.
+struct ScrollRange {
+    std::int32_t Max = 0;
+    std::int32_t SmallChange = 1; ///< a tenth of a screen; 0 where five rows or fewer are shown
+    std::int32_t LargeChange = 1; ///< one screen
+    bool operator==(const ScrollRange&) const = default;
+};
+
+/// What lets an area of `width` plot units scroll through `lines` rows; each number is rounded, halves to even.
+/// @throws NumericOverflow when one of them does not fit 16 bits
+[[nodiscard]] ScrollRange scrollRange16(float width, std::int16_t zoomFactor, std::int32_t lines);
+/// The same formulas in 32 bits.
+[[nodiscard]] ScrollRange scrollRange32(float width, std::int16_t zoomFactor, std::int32_t lines);
+
+/// First row that brings `row` to the middle of an area of `width` plot units, within 0..max.
+[[nodiscard]] std::int32_t valueCentring(std::int32_t row, float width, std::int16_t zoomFactor, std::int32_t max);
+
+/// Scroll bar and zoom of a window.
+class Scrolling {
+public:
+    explicit Scrolling(Window& window) : m_window(window) {}
+
+    /// Fits the scroll bar to the main area's width, the record and the zoom; a current baseline point is brought to
+    /// the middle. @throws NumericOverflow, having changed nothing, when the record is too long for 16 bits
+    void scrollset();
+    /// The same in 32 bits, for records that 16 bits cannot scroll through.
+    void scrollsetLong();
+    /// `scrollset`, and `scrollsetLong` in long-record mode when that overflows: what opening, zooming and resizing
+    /// call. A record that fits 16 bits leaves the mode.
+    void fitScrollBar();
+
+    void mnuViewZoomIn_Click();
+    void mnuViewZoomOut_Click();
+    /// Draws over what is there without erasing.
+    void mnuViewRefresh_Click();
+
+    /// The value was set by a command or by a click on the bar.
+    void HScroll1_Change();
+    /// The thumb was dragged to `value`; `HScroll1_Change` is left to its release.
+    void HScroll1_Scroll(std::int32_t value);
+    /// Hands the focus back: keys always go to the plot.
+    void HScroll1_GotFocus();
+
+private:
+    [[nodiscard]] float width() const { return m_window.ui.surface(0).scaleWidth(); }
+    void apply(const ScrollRange& range);
+    void showNewZoom();
+
+    Window& m_window;
+};
+
+} // namespace tarvelint
