@@ -1,1 +1,67 @@
 // SPDX-License-Identifier: MIT
+#include "app/handler_boundary.h"
+
+#include "data/file_format.h"
+#include "data/numbers.h"
+
+#include <new>
+
+namespace tarvelint {
+
+namespace {
+
+/// True for as long as it lives, however its scope is left.
+class Raised {
+public:
+    explicit Raised(bool& flag) : m_flag(flag) { m_flag = true; }
+    ~Raised() { m_flag = false; }
+    Raised(const Raised&) = delete;
+    Raised& operator=(const Raised&) = delete;
+
+private:
+    bool& m_flag;
+};
+
+} // namespace
+
+void HandlerBoundary::command(const std::function<void()>& body)
+{
+    if (m_busy) return;
+    const Raised busy(m_busy);
+    const Pointer pointer = m_window.pointer;
+    const std::string status = m_window.text(Control::statusPanel1);
+    if (guarded(body)) return;
+    m_window.setPointer(pointer);
+    m_window.setStatus(1, status);
+}
+
+void HandlerBoundary::record(const std::function<void()>& body)
+{
+    static_cast<void>(guarded(body));
+}
+
+bool HandlerBoundary::guarded(const std::function<void()>& body)
+{
+    try {
+        body();
+        return true;
+    } catch (const WindowClosing&) {
+        // The window goes once its stack has unwound; there is nobody to tell.
+    } catch (const FormatFault& fault) {
+        show(fault.what(), fault.title());
+    } catch (const NumericOverflow& overflow) {
+        show(overflow.what(), {});
+    } catch (const std::bad_alloc&) {
+        show("There is not enough memory for this. Close other windows or programs and try again.", {});
+    } catch (const std::exception& failure) {
+        show(failure.what(), {});
+    }
+    return false;
+}
+
+void HandlerBoundary::show(const std::string& text, const std::string& title)
+{
+    m_window.ui.messageBox({text, title.empty() ? std::string(kTitle) : title, Buttons::ok, Icon::critical});
+}
+
+} // namespace tarvelint

@@ -1,1 +1,127 @@
 // SPDX-License-Identifier: MIT
+#include "app/lifecycle.h"
+
+#include "data/file_format.h"
+#include "data/settings_store.h"
+
+namespace tarvelint {
+
+namespace {
+
+/// What a window without a record cannot do.
+constexpr Control kNeedRecord[] = {Control::mnuFileSave,
+                                   Control::mnuFileSaveAs,
+                                   Control::mnuEditUndo,
+                                   Control::mnuEditClear,
+                                   Control::mnuEditSelectAll,
+                                   Control::mnuViewRefresh,
+                                   Control::mnuViewLabels,
+                                   Control::mnuViewZoomIn,
+                                   Control::mnuViewZoomOut,
+                                   Control::mnuToolsMode,
+                                   Control::mnuToolsView,
+                                   Control::mnuToolsConvert,
+                                   Control::mnuToolsDelete,
+                                   Control::mnuToolsBreak,
+                                   Control::mnuToolsInterpolate,
+                                   Control::mnuToolsRecalculateSelection,
+                                   Control::mnuToolsRecalculate,
+                                   Control::mnuToolsRecalculateAll,
+                                   Control::Picture1_0,
+                                   Control::Picture1_1,
+                                   Control::HScroll1,
+                                   Control::varList0,
+                                   Control::varList1,
+                                   Control::scaleBox0,
+                                   Control::scaleBox1,
+                                   Control::minLabel0,
+                                   Control::maxLabel0,
+                                   Control::minLabel1,
+                                   Control::maxLabel1,
+                                   Control::refCheck,
+                                   Control::refBox,
+                                   Control::labelBox,
+                                   Control::labelButton,
+                                   Control::viewButton,
+                                   Control::convButton,
+                                   Control::eqButton,
+                                   Control::baseButton,
+                                   Control::highBox};
+
+} // namespace
+
+void Lifecycle::Form_Load()
+{
+    applySettings();
+    m_window.curLayer = kUnconverted;
+    m_window.data.saveCheck = true;
+    for (const Control control : kNeedRecord) m_window.setEnabled(control, false);
+    for (const Control box : {Control::scaleBox0, Control::scaleBox1, Control::labelBox, Control::mnuViewToolbar,
+                              Control::mnuViewStatusBar})
+        m_window.setChecked(box, true);
+    m_window.setVisible(Control::mnuFileMRU, false);
+    m_window.setVisible(Control::HScroll1, false);
+    std::string caption(kTitle);
+    m_window.setcaption(caption);
+}
+
+void Lifecycle::applySettings()
+{
+    const WindowSettings settings = readWindowSettings(m_window.env.settings);
+    m_window.zoomFactor = settings.zoomFactor;
+    m_window.ui.setGeometry(settings.geometry);
+    m_window.data.dateCol = settings.date;
+    m_window.data.timeCol = settings.time;
+    m_window.setText(Control::FormulaBox, settings.equation);
+    m_window.data.blank = settings.blank;
+    m_window.setText(Control::refBox, settings.ref);
+    m_window.setChecked(Control::highBox, settings.high);
+    m_window.data.zeroOut = settings.zero;
+}
+
+void Lifecycle::mnuFileNew_Click()
+{
+    const Geometry screen = m_window.ui.screen();
+    writeNewWindowGeometry(m_window.env.settings, m_window.ui.geometry(), screen.width, screen.height);
+    m_application.newWindow();
+}
+
+void Lifecycle::mnuFileClose_Click()
+{
+    if (!m_window.data.saveCheck && !m_files.savedialog("Close window:")) return;
+    unloadDialogs();
+    m_asked = true; // the answer holds: the close handling does not ask again
+    m_window.ui.unload();
+}
+
+void Lifecycle::Form_QueryUnload(bool& cancel)
+{
+    cancel = !m_asked && !m_window.data.saveCheck && !m_files.savedialog("Close window:");
+    m_asked = false;
+    unloadDialogs();
+    const ClosingSettings settings{m_window.text(Control::refBox), m_window.isChecked(Control::highBox),
+                                   m_window.data.dateCol, m_window.data.timeCol, m_window.zoomFactor};
+    const Geometry geometry = m_window.ui.geometry();
+    writeClosingSettings(m_window.env.settings, settings, m_window.ui.isMinimised() ? nullptr : &geometry);
+}
+
+void Lifecycle::unloadDialogs()
+{
+    if (m_window.haveLabelForm()) {
+        m_window.ui.unloadColumnSetup();
+        m_window.labelFrm.reset();
+    }
+    if (m_window.haveTypeForm()) {
+        m_window.ui.unloadSaveContents();
+        m_window.typeFrm.reset();
+    }
+}
+
+void Lifecycle::toggleBar(Control entry, Control bar)
+{
+    const bool show = !m_window.isChecked(entry);
+    m_window.setChecked(entry, show);
+    m_window.setVisible(bar, show);
+}
+
+} // namespace tarvelint

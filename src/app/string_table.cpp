@@ -1,1 +1,176 @@
 // SPDX-License-Identifier: MIT
+#include "app/string_table.h"
+
+#include "data/numbers.h"
+
+#include <utility>
+
+namespace tarvelint {
+
+namespace {
+
+const std::pair<int, const char*> kTexts[] = {
+    {1000, "&File"},
+    {1001, "&New"},
+    {1002, "&Open..."},
+    {1003, "&Close"},
+    {1004, "&Save"},
+    {1005, "Save &As..."},
+    {1006, "Save A&ll"},
+    {1007, "Propert&ies"},
+    {1008, "Page Set&up..."},
+    {1009, "Print Pre&view"},
+    {1010, "&Print..."},
+    {1011, "Sen&d..."},
+    {1012, "E&xit"},
+    {1013, "&Edit"},
+    {1014, "&Undo"},
+    {1015, "Cu&t"},
+    {1016, "&Copy"},
+    {1017, "&Paste"},
+    {1018, "Clear"},
+    {1019, "&View"},
+    {1020, "&Toolbar"},
+    {1021, "Status &Bar"},
+    {1022, "&Refresh"},
+    {1023, "&Options..."},
+    {1024, "&Web Browser"},
+    {1025, "&Help"},
+    {1026, "&Contents"},
+    {1027, "&Search For Help On..."},
+    {1028, "&About "},
+    {1029, "New"},
+    {1030, "Open"},
+    {1031, "Save"},
+    {1032, "Print"},
+    {1033, "Cut"},
+    {1034, "Copy"},
+    {1035, "Paste"},
+    {1036, "Bold"},
+    {1037, "Italic"},
+    {1038, "Underline"},
+    {1039, "Align Left"},
+    {1040, "Center"},
+    {1041, "Align Right"},
+    {1044, "Fair Use Policy:"},
+    {1045, "Version"},
+    {1048, "Product"},
+    {1050, "Options"},
+    {1051, "Sample 1"},
+    {1052, "Sample 2"},
+    {1053, "Sample 3"},
+    {1054, "Sample 4"},
+    {1055, "&Apply"},
+    {1056, "Cancel"},
+    {1057, "OK"},
+    {1058, "About..."},
+    {1059, "&System Info..."},
+    {1060, "OK"},
+    {1062, "Version"},
+    {1063, "Application Title"},
+    {1064, "Converts Granier sensor readings to sapflow data."},
+    {1065, "&Tools"},
+    {1066, "&Mode Change"},
+    {1067, "&View Change"},
+    {1068, "&Convert"},
+    {1069, "Recalculate Current"},
+    {1070, "Recalculate All"},
+    {1690, "Select &All"},
+    {10141, "Can't Undo"},
+    {10221, "Settings..."},
+    {10222, "Zoom In    (+)"},
+    {10223, "Zoom Out  (-)"},
+    {10441, "Contacts:"},
+    {10671, "&Interpolate"},
+    {10672, "Break One-click Baseline  (Esc)"},
+    {10673, "&Delete selection"},
+    {10681, "&Recalculate Selection"},
+};
+
+std::string withLineBreaks(std::string text)
+{
+    for (auto at = text.find("\\n"); at != std::string::npos; at = text.find("\\n", at)) text.replace(at, 2, "\n");
+    return text;
+}
+
+/// The text whose number stands in `numberText`; `present` as it is when there is none.
+std::string replaced(const std::string& numberText, const std::string& present, const StringTable& table)
+{
+    try {
+        if (!isNumeric(numberText)) return present;
+        return table.find(roundToInt32(leadingNumber(numberText))).value_or(present);
+    } catch (const NumericOverflow&) {
+        return present;
+    }
+}
+
+void loadOther(ResControl& control, const StringTable& table)
+{
+    // Any other control may carry a text after its number ("1044 heading"): the leading number counts.
+    try {
+        const std::int32_t caption = roundToInt32(leadingNumber(control.tag));
+        if (caption > 0) control.caption = table.find(caption).value_or(control.caption);
+    } catch (const NumericOverflow&) {
+    }
+    try {
+        const std::int32_t tip = roundToInt32(leadingNumber(control.toolTip));
+        if (tip >= 1) control.toolTip = table.find(tip).value_or(control.toolTip);
+    } catch (const NumericOverflow&) {
+    }
+}
+
+void loadControl(ResControl& control, const StringTable& table)
+{
+    if (control.typeName == "Label") {
+        control.caption = replaced(control.tag, control.caption, table);
+    } else if (control.typeName == "Menu") {
+        control.caption = replaced(control.caption, control.caption, table);
+    } else if (control.typeName == "TabStrip") {
+        for (auto& tab : control.parts) {
+            tab.caption = replaced(tab.tag, tab.caption, table);
+            tab.toolTip = replaced(tab.toolTip, tab.toolTip, table);
+        }
+    } else if (control.typeName == "Toolbar") {
+        for (auto& button : control.parts) button.toolTip = replaced(button.toolTip, button.toolTip, table);
+    } else if (control.typeName == "ListView") {
+        for (auto& header : control.parts) header.caption = replaced(header.tag, header.caption, table);
+    } else {
+        loadOther(control, table);
+    }
+}
+
+} // namespace
+
+StringTable::StringTable()
+{
+    for (const auto& [number, text] : kTexts) m_texts.emplace(number, text);
+}
+
+void StringTable::addTexts(std::istream& lines)
+{
+    for (std::string line; std::getline(lines, line);) {
+        if (line.empty() || line.front() == '#') continue;
+        const auto equals = line.find('=');
+        if (equals == std::string::npos || !isNumeric(line.substr(0, equals))) continue;
+        if (line.back() == '\r') line.pop_back();
+        try {
+            m_texts[roundToInt32(leadingNumber(line.substr(0, equals)))] = withLineBreaks(line.substr(equals + 1));
+        } catch (const NumericOverflow&) {
+            continue; // no number of a text
+        }
+    }
+}
+
+std::optional<std::string> StringTable::find(int number) const
+{
+    const auto found = m_texts.find(number);
+    return found == m_texts.end() ? std::nullopt : std::optional(found->second);
+}
+
+void loadResStrings(ResControl& form, std::vector<ResControl>& controls, const StringTable& table)
+{
+    form.caption = replaced(form.tag, form.caption, table);
+    for (auto& control : controls) loadControl(control, table);
+}
+
+} // namespace tarvelint

@@ -31,7 +31,10 @@ public:
     [[nodiscard]] bool scrollBarVisible() const { return rows() > kVisibleRows; }
     [[nodiscard]] int scrollBarMax() const { return scrollBarVisible() ? rows() - kVisibleRows : 0; }
     /// Top of row i when the bar stands at `scrollValue`: row 1 at 2 - 23 x value, each further row 23 below.
-    [[nodiscard]] static int rowTop(int row1, int scrollValue) { return 2 - kRowPitch * scrollValue + kRowPitch * (row1 - 1); }
+    [[nodiscard]] static int rowTop(int row1, int scrollValue)
+    {
+        return 2 - kRowPitch * scrollValue + kRowPitch * (row1 - 1);
+    }
     /// The scroll value nearest to the present one that shows row i whole.
     [[nodiscard]] int scrollValueShowing(int row1, int scrollValue) const;
 
@@ -48,7 +51,10 @@ public:
     };
 
     /// `labelBox(i)` and `checkBox(i)`, i from 1.
-    [[nodiscard]] const std::string& labelBox(int row1) const { return m_labels.at(static_cast<std::size_t>(row1 - 1)); }
+    [[nodiscard]] const std::string& labelBox(int row1) const
+    {
+        return m_labels.at(static_cast<std::size_t>(row1 - 1));
+    }
     void setLabelBox(int row1, std::string text) { m_labels.at(static_cast<std::size_t>(row1 - 1)) = std::move(text); }
     [[nodiscard]] bool checkBox(int row1) const { return boxes.checkBox.at(static_cast<std::size_t>(row1 - 1)); }
     void setCheckBox(int row1, bool checked) { boxes.checkBox.at(static_cast<std::size_t>(row1 - 1)) = checked; }
@@ -66,7 +72,8 @@ public:
     /// Applies the dialog to its window, step by step, and hides it. When a number cannot be used one message says
     /// so, nothing is applied and the dialog stays.
     void OKButton_Click();
-    /// Hides the dialog with nothing applied; its boxes go back to what the last OK left. The frame's close button does the same.
+    /// Hides the dialog with nothing applied; its boxes go back to what the last OK left. The frame's close button does
+    /// the same.
     void CancelButton_Click();
 
 private:

@@ -85,16 +85,16 @@ public:
     bool chainActive = false;
     std::int16_t zoomFactor = 1; ///< plot units per row
     std::int16_t zoomLevel = 0;
-    double yScale = 0; ///< plot units per data unit, as the last redraw of either area left it
+    double yScale = 0;       ///< plot units per data unit, as the last redraw of either area left it
     bool longRecord = false; ///< the record is longer than 16-bit scrolling reaches
     ScrollBar HScroll1;
     std::array<ColumnList, 2> varList;
     Pointer pointer = Pointer::standard;
 
     // Files and dialogs
-    int readLayers = 0; ///< layer code of the record's file (unconverted 4, baseline 2, converted 1, summed)
+    int readLayers = 0;          ///< layer code of the record's file (unconverted 4, baseline 2, converted 1, summed)
     bool readWithLabels = false; ///< the record came with a labels line
-    std::string savePath; ///< the file last saved, empty until then
+    std::string savePath;        ///< the file last saved, empty until then
     std::string caption;
     std::unique_ptr<ColumnSetup> labelFrm; ///< null until its first showing
     std::unique_ptr<SaveContents> typeFrm;
@@ -102,7 +102,10 @@ public:
     [[nodiscard]] bool haveTypeForm() const { return typeFrm != nullptr; }
 
     // Controls. Setting what is already there tells nobody.
-    [[nodiscard]] const ControlState& control(Control which) const { return m_controls[static_cast<std::size_t>(which)]; }
+    [[nodiscard]] const ControlState& control(Control which) const
+    {
+        return m_controls[static_cast<std::size_t>(which)];
+    }
     [[nodiscard]] const std::string& text(Control which) const { return control(which).text; }
     [[nodiscard]] bool isEnabled(Control which) const { return control(which).enabled; }
     [[nodiscard]] bool isChecked(Control which) const { return control(which).checked; }

@@ -1,1 +1,350 @@
 // SPDX-License-Identifier: MIT
+#include "app/lifecycle.h"
+
+#include "app/shell_window.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace tarvelint::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using Log = std::vector<std::string>;
+
+/// A window with a record, both dialogs, a change, and its own geometry.
+class OpenWindow : public Shell {
+public:
+    OpenWindow()
+    {
+        openText(kLoggerRecord);
+        saveAs("/data/saved.csv");
+        window.markChanged();
+        fakeUi.place = {300, 400, 7000.5F, 8000};
+        fakeUi.messages.clear();
+        fakeUi.log.clear();
+        settings.log.clear();
+    }
+    /// The window's frame, Exit or the session closes it. True when it stays.
+    bool close()
+    {
+        bool cancel = false;
+        window.lifecycle.Form_QueryUnload(cancel);
+        return cancel;
+    }
+};
+
+Log geometryWrites()
+{
+    return {"write MainLeft=300", "write MainTop=400", "write MainWidth=7000.5", "write MainHeight=8000"};
+}
+
+Log closingWrites(bool withGeometry = true)
+{
+    Log log{"write Ref=0", "write High=1", "write Date=1", "write Time=2", "write ZoomFactor=1"};
+    if (withGeometry)
+        for (const std::string& write : geometryWrites()) log.push_back(write);
+    return log;
+}
+
+// Creation
+
+TEST(WindowCreation, aFirstRunOpensWithTheDefaults)
+{
+    Shell shell;
+    EXPECT_EQ(shell.fakeUi.place, (Geometry{1000, 1000, 6500, 6500}));
+    EXPECT_EQ(shell.window.text(Control::FormulaBox), "119*((B/X)-1)^1.23");
+    EXPECT_EQ(shell.window.data.blank, 99999);
+    EXPECT_EQ(shell.window.data.dateCol, 1);
+    EXPECT_EQ(shell.window.data.timeCol, 2);
+    EXPECT_EQ(shell.window.text(Control::refBox), "0");
+    EXPECT_TRUE(shell.window.isChecked(Control::highBox));
+    EXPECT_FALSE(shell.window.data.zeroOut);
+    EXPECT_EQ(shell.window.zoomFactor, 1);
+}
+
+TEST(WindowCreation, readsTheSettingsInOrder)
+{
+    Shell shell;
+    EXPECT_THAT(shell.settings.log, ElementsAre("read ZoomFactor", "read MainLeft", "read MainTop", "read MainWidth",
+                                                "read MainHeight", "read Date", "read Time", "read Equation",
+                                                "read Blank", "read Ref", "read High", "read Zero"));
+}
+
+TEST(WindowCreation, takesWhatTheStoreHolds)
+{
+    Shell shell;
+    shell.settings.values = {{"ZoomFactor", "4"},    {"MainLeft", "20"}, {"MainTop", "30"}, {"MainWidth", "7000"},
+                             {"MainHeight", "8000"}, {"Date", "5"},      {"Time", "6"},     {"Equation", "X, B"},
+                             {"Blank", "-9"},        {"Ref", "1.5"},     {"High", "0"},     {"Zero", "True"}};
+    shell.window.lifecycle.Form_Load();
+    EXPECT_EQ(shell.window.zoomFactor, 4);
+    EXPECT_EQ(shell.fakeUi.place, (Geometry{20, 30, 7000, 8000}));
+    EXPECT_EQ(shell.window.data.dateCol, 5);
+    EXPECT_EQ(shell.window.data.timeCol, 6);
+    EXPECT_EQ(shell.window.text(Control::FormulaBox), "X, B");
+    EXPECT_EQ(shell.window.data.blank, -9);
+    EXPECT_EQ(shell.window.text(Control::refBox), "1.5");
+    EXPECT_FALSE(shell.window.isChecked(Control::highBox));
+    EXPECT_TRUE(shell.window.data.zeroOut);
+}
+
+TEST(WindowCreation, aBlankThatIsNoNumberIs99999WithoutAMessage)
+{
+    Shell shell;
+    shell.settings.values = {{"Blank", "abc"}};
+    shell.window.lifecycle.Form_Load();
+    EXPECT_EQ(shell.window.data.blank, 99999);
+    EXPECT_THAT(shell.fakeUi.messages, IsEmpty());
+}
+
+TEST(WindowCreation, startsEmptySavedAndOnTheReadings)
+{
+    Shell shell;
+    EXPECT_FALSE(shell.window.hasRecord());
+    EXPECT_TRUE(shell.window.data.saveCheck);
+    EXPECT_EQ(shell.window.curLayer, kUnconverted);
+    EXPECT_EQ(shell.window.savePath, "");
+    EXPECT_FALSE(shell.window.haveLabelForm());
+    EXPECT_FALSE(shell.window.haveTypeForm());
+}
+
+TEST(WindowCreation, isCaptionedWithTheTitleMadeUnique)
+{
+    EXPECT_EQ(Shell().window.caption, "Tarvelint");
+    Shell second;
+    second.application.captions = {"Tarvelint"};
+    second.window.lifecycle.Form_Load();
+    EXPECT_EQ(second.window.caption, "Tarvelint 1");
+}
+
+TEST(WindowCreation, disablesWhatNeedsARecordAndNothingElse)
+{
+    Shell shell;
+    for (const Control control : {Control::mnuFileSave,
+                                  Control::mnuFileSaveAs,
+                                  Control::mnuEditUndo,
+                                  Control::mnuEditClear,
+                                  Control::mnuEditSelectAll,
+                                  Control::mnuViewLabels,
+                                  Control::mnuViewZoomIn,
+                                  Control::mnuViewZoomOut,
+                                  Control::mnuToolsMode,
+                                  Control::mnuToolsView,
+                                  Control::mnuToolsConvert,
+                                  Control::mnuToolsDelete,
+                                  Control::mnuToolsBreak,
+                                  Control::mnuToolsInterpolate,
+                                  Control::mnuToolsRecalculateSelection,
+                                  Control::mnuToolsRecalculate,
+                                  Control::mnuToolsRecalculateAll,
+                                  Control::Picture1_0,
+                                  Control::Picture1_1,
+                                  Control::HScroll1,
+                                  Control::labelButton,
+                                  Control::convButton})
+        EXPECT_FALSE(shell.window.isEnabled(control)) << static_cast<int>(control);
+    for (const Control control : {Control::mnuFileNew, Control::mnuFileOpen, Control::mnuFileClose,
+                                  Control::mnuFileExit, Control::mnuViewToolbar, Control::mnuHelpAbout})
+        EXPECT_TRUE(shell.window.isEnabled(control)) << static_cast<int>(control);
+}
+
+TEST(WindowCreation, labelsAutomaticRangesAndBarsAreOnAndTheRecentFilesHidden)
+{
+    Shell shell;
+    for (const Control box : {Control::labelBox, Control::scaleBox0, Control::scaleBox1, Control::mnuViewToolbar,
+                              Control::mnuViewStatusBar})
+        EXPECT_TRUE(shell.window.isChecked(box));
+    EXPECT_FALSE(shell.window.control(Control::mnuFileMRU).visible);
+}
+
+// File > New
+
+TEST(NewWindow, readsTheGeometryThisOneHasJustWritten)
+{
+    OpenWindow shell;
+    Log atCreation;
+    shell.application.onNewWindow = [&] { atCreation = shell.settings.log; };
+    shell.window.lifecycle.mnuFileNew_Click();
+    EXPECT_THAT(atCreation, ElementsAre("write MainLeft=300", "write MainTop=400", "write MainHeight=8000",
+                                        "write MainWidth=7000.5"));
+}
+
+TEST(NewWindow, overTheScreensEdgesIsCutToFit)
+{
+    OpenWindow shell; // a screen of 19200 x 15360 twips, 300 of them kept free
+    shell.fakeUi.place = {15000, 10000, 6500, 6500};
+    shell.application.onNewWindow = [] {};
+    shell.window.lifecycle.mnuFileNew_Click();
+    EXPECT_EQ(shell.settings.values["MainHeight"], "5060"); // 15360 - 10000 - 300
+    EXPECT_EQ(shell.settings.values["MainWidth"], "3900");  // 19200 - 15000 - 300
+    EXPECT_EQ(shell.settings.values["MainLeft"], "15000");
+    EXPECT_EQ(shell.settings.values["MainTop"], "10000");
+}
+
+// Close handling
+
+TEST(WindowClose, thatNeverHeldDataAsksNothing)
+{
+    Shell shell;
+    bool cancel = true;
+    shell.window.lifecycle.Form_QueryUnload(cancel);
+    EXPECT_FALSE(cancel);
+    EXPECT_THAT(shell.fakeUi.messages, IsEmpty());
+}
+
+TEST(WindowClose, asksAboutUnsavedDataThenUnloadsDialogsThenWritesSettingsInOrder)
+{
+    OpenWindow shell;
+    shell.fakeUi.answers = {Answer::no};
+    EXPECT_FALSE(shell.close());
+    ASSERT_EQ(shell.fakeUi.messages.size(), 1U);
+    EXPECT_EQ(shell.fakeUi.messages[0].text, "Do you want to save the current file?");
+    EXPECT_EQ(shell.fakeUi.messages[0].title, "Close window:");
+    EXPECT_THAT(shell.fakeUi.log, ElementsAre("unload column setup", "unload save contents"));
+    EXPECT_EQ(shell.settings.log, closingWrites());
+}
+
+TEST(WindowClose, cancelKeepsTheWindowYetItsDialogsAreGoneAndTheSettingsWritten)
+{
+    OpenWindow shell;
+    shell.fakeUi.answers = {Answer::cancel};
+    EXPECT_TRUE(shell.close());
+    EXPECT_FALSE(shell.window.haveLabelForm());
+    EXPECT_FALSE(shell.window.haveTypeForm());
+    EXPECT_THAT(shell.fakeUi.log, ElementsAre("unload column setup", "unload save contents"));
+    EXPECT_EQ(shell.settings.log, closingWrites());
+    EXPECT_FALSE(shell.window.data.saveCheck);
+}
+
+TEST(WindowClose, yesClosesOnlyWhenTheSaveSucceeded)
+{
+    for (const bool saved : {true, false}) {
+        OpenWindow shell;
+        shell.fakeUi.answers = {Answer::yes};
+        shell.fakeUi.saveChoices = {saved ? std::optional(ChosenFile{"/data/a.csv", FileType::comma}) : std::nullopt};
+        EXPECT_EQ(shell.close(), !saved);
+        EXPECT_EQ(shell.files.exists("/data/a.csv"), saved);
+    }
+}
+
+TEST(WindowClose, minimisedLeavesTheStoredGeometry)
+{
+    OpenWindow shell;
+    shell.window.data.saveCheck = true;
+    shell.fakeUi.minimised = true;
+    EXPECT_FALSE(shell.close());
+    EXPECT_EQ(shell.settings.log, closingWrites(false));
+}
+
+TEST(WindowClose, writesWhatTheWindowHoldsNow)
+{
+    OpenWindow shell;
+    shell.window.data.saveCheck = true;
+    shell.window.setText(Control::refBox, "2.5");
+    shell.window.setChecked(Control::highBox, false);
+    shell.window.data.dateCol = 7;
+    shell.window.data.timeCol = 8;
+    shell.window.zoomFactor = 8;
+    shell.fakeUi.minimised = true;
+    shell.close();
+    EXPECT_THAT(shell.settings.log,
+                ElementsAre("write Ref=2.5", "write High=0", "write Date=7", "write Time=8", "write ZoomFactor=8"));
+}
+
+TEST(WindowClose, unloadsADialogWhileItsStateIsStillThere)
+{
+    class WatchingUi : public FakeUi {
+    public:
+        Window* window = nullptr;
+        bool stateWasThere = true;
+        void unloadColumnSetup() override { stateWasThere = stateWasThere && window->haveLabelForm(); }
+        void unloadSaveContents() override { stateWasThere = stateWasThere && window->haveTypeForm(); }
+    };
+    WatchingUi ui;
+    Ground ground;
+    FakeApplication application;
+    MainWindow window(ui, Environment{ground.settings, ground.style, ground.files, ground.clock}, application);
+    ui.window = &window;
+    window.labelFrm = std::make_unique<ColumnSetup>(window);
+    window.typeFrm = std::make_unique<SaveContents>();
+    bool cancel = false;
+    window.lifecycle.Form_QueryUnload(cancel);
+    EXPECT_TRUE(ui.stateWasThere);
+    EXPECT_FALSE(window.haveLabelForm() || window.haveTypeForm());
+}
+
+// File > Close
+
+TEST(FileClose, asksOnceAlthoughTheWindowsOwnCloseHandlingRunsToo)
+{
+    OpenWindow shell;
+    shell.fakeUi.answers = {Answer::no};
+    shell.command([&] { shell.window.lifecycle.mnuFileClose_Click(); });
+    EXPECT_TRUE(shell.fakeUi.unloaded);
+    EXPECT_FALSE(shell.close()); // no further question: the double would have refused it
+    EXPECT_EQ(shell.fakeUi.messages.size(), 1U);
+    EXPECT_EQ(shell.fakeUi.messages[0].title, "Close window:");
+    EXPECT_EQ(shell.settings.log, closingWrites());
+}
+
+TEST(FileClose, cancelLeavesTheWindowItsDialogsAndTheStoreAlone)
+{
+    OpenWindow shell;
+    shell.fakeUi.answers = {Answer::cancel};
+    shell.command([&] { shell.window.lifecycle.mnuFileClose_Click(); });
+    EXPECT_FALSE(shell.fakeUi.unloaded);
+    EXPECT_TRUE(shell.window.haveLabelForm());
+    EXPECT_THAT(shell.settings.log, IsEmpty());
+}
+
+TEST(FileClose, ofASavedWindowUnloadsDialogsBeforeTheWindow)
+{
+    OpenWindow shell;
+    shell.window.data.saveCheck = true;
+    shell.command([&] { shell.window.lifecycle.mnuFileClose_Click(); });
+    EXPECT_THAT(shell.fakeUi.log, ElementsAre("unload column setup", "unload save contents"));
+    EXPECT_TRUE(shell.fakeUi.unloaded);
+    EXPECT_THAT(shell.fakeUi.messages, IsEmpty());
+}
+
+// Exit and bars
+
+TEST(Exit, isTheApplicationsWork)
+{
+    Shell shell;
+    shell.window.lifecycle.mnuFileExit_Click();
+    EXPECT_EQ(shell.application.exits, 1);
+}
+
+TEST(Exit, twoUnsavedWindowsAskTwice)
+{
+    OpenWindow first;
+    OpenWindow second;
+    for (OpenWindow* shell : {&second, &first}) { // last opened first
+        shell->fakeUi.answers = {Answer::no};
+        EXPECT_FALSE(shell->close());
+        ASSERT_EQ(shell->fakeUi.messages.size(), 1U);
+        EXPECT_EQ(shell->fakeUi.messages[0].title, "Close window:");
+    }
+}
+
+TEST(BarToggles, invertTheCheckMarkAndShowOrHideTheBar)
+{
+    Shell shell;
+    Lifecycle& lifecycle = shell.window.lifecycle;
+    lifecycle.mnuViewToolbar_Click();
+    EXPECT_FALSE(shell.window.isChecked(Control::mnuViewToolbar));
+    EXPECT_FALSE(shell.window.control(Control::tbToolBar).visible);
+    EXPECT_TRUE(shell.window.control(Control::sbStatusBar).visible);
+    lifecycle.mnuViewStatusBar_Click();
+    EXPECT_FALSE(shell.window.isChecked(Control::mnuViewStatusBar));
+    EXPECT_FALSE(shell.window.control(Control::sbStatusBar).visible);
+    lifecycle.mnuViewToolbar_Click();
+    EXPECT_TRUE(shell.window.isChecked(Control::mnuViewToolbar));
+    EXPECT_TRUE(shell.window.control(Control::tbToolBar).visible);
+}
+
+} // namespace
+} // namespace tarvelint::test

@@ -1,1 +1,397 @@
 // SPDX-License-Identifier: MIT
+#include "window/column_setup.h"
+
+#include "support/test_window.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace tarvelint::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::StartsWith;
+
+/// A window of `columns` columns with its set-up dialog on the screen; notes what each procedure found.
+class SetupWindow : public TestWindow {
+public:
+    explicit SetupWindow(int columns = 12)
+    {
+        setReadings(std::vector<std::vector<double>>(static_cast<std::size_t>(columns), {1, 2}));
+        for (int c = 1; c <= columns; ++c) data.labels.push_back("L" + std::to_string(c));
+        loadDialog();
+    }
+    void loadDialog()
+    {
+        labelFrm = std::make_unique<ColumnSetup>(*this);
+        labelFrm->Form_Load();
+        fakeUi.showColumnSetup(true);
+    }
+    [[nodiscard]] ColumnSetup& dialog() { return *labelFrm; }
+    [[nodiscard]] ColumnSetup::Boxes& boxes() { return labelFrm->boxes; }
+    /// OK, with the pre-process wanted. The fault's text, empty when all went well.
+    std::string okWithPreProcess()
+    {
+        boxes().turboCheck = true;
+        try {
+            dialog().OKButton_Click();
+        } catch (const CommandFailure& failure) {
+            return failure.what();
+        }
+        return {};
+    }
+
+    void updateLabels() override
+    {
+        TestWindow::updateLabels();
+        saveCheckAtLabels = data.saveCheck;
+    }
+    void varList_Change(int index) override
+    {
+        TestWindow::varList_Change(index);
+        calls.back() += fakeUi.columnSetupShown ? ", shown" : ", hidden, " + text(Control::statusPanel1);
+        if (data.saveCheck) calls.back() += ", still unchanged";
+    }
+    void preProcess() override
+    {
+        TestWindow::preProcess();
+        sensorsAtPreProcess = sensors;
+        parametersArePlaced = data.vpdCol == 10 && data.parCol == 2;
+        modeIsTurbo = Turbo && !lineMode && !Sloppy && !isEnabled(Control::mnuToolsMode);
+    }
+    void getBase() override
+    {
+        TestWindow::getBase();
+        sensorsAtGetBase = sensors;
+    }
+
+    bool saveCheckAtLabels = false;
+    std::int32_t sensorsAtPreProcess = -1;
+    std::int32_t sensorsAtGetBase = -1;
+    bool parametersArePlaced = false;
+    bool modeIsTurbo = false;
+};
+
+// Opening
+
+TEST(ColumnSetupOpening, eachRowShowsItsColumnsLabelAlsoWhileTheListsShowNumbers)
+{
+    SetupWindow window(2);
+    window.setListEntries({"1", "2"});
+    window.loadDialog();
+    EXPECT_EQ(window.dialog().rows(), 2);
+    EXPECT_EQ(window.dialog().labelBox(1), "L1");
+    EXPECT_EQ(window.dialog().labelBox(2), "L2");
+}
+
+TEST(ColumnSetupOpening, anEmptyStoreGivesThisDialogsOwnDefaults)
+{
+    SetupWindow window;
+    EXPECT_EQ(window.boxes().vpdBox, "11");
+    EXPECT_EQ(window.boxes().parBox, "3");
+    EXPECT_EQ(window.boxes().VPDlBox, "0.05");
+    EXPECT_EQ(window.boxes().PARlBox, "0.01");
+    EXPECT_EQ(window.boxes().timeBox, "3");
+    EXPECT_FALSE(window.boxes().saveBox);
+    EXPECT_FALSE(window.boxes().turboCheck);
+    for (int row = 1; row <= 12; ++row) EXPECT_FALSE(window.dialog().checkBox(row));
+}
+
+TEST(ColumnSetupOpening, storedSettingsFillTheBoxesAsTyped)
+{
+    SetupWindow window;
+    window.settings.values = {{"VPD", "4"}, {"PAR", "5"}, {"VPDlimit", ".1"}, {"PARlimit", "2e1"}, {"lullTime", "six"}};
+    window.loadDialog();
+    EXPECT_EQ(window.boxes().vpdBox, "4");
+    EXPECT_EQ(window.boxes().parBox, "5");
+    EXPECT_EQ(window.boxes().VPDlBox, ".1");
+    EXPECT_EQ(window.boxes().PARlBox, "2e1");
+    EXPECT_EQ(window.boxes().timeBox, "six");
+}
+
+TEST(ColumnSetupOpening, theTipIsFourParagraphsToTheCharacter)
+{
+    EXPECT_EQ(ColumnSetup::tipLabel(),
+              "Check the columns that contain parameters, such as day, time, VPD, temperature, etc. These columns "
+              "will be included in the output file unchanged, and cannot be converted or interpolated."
+              "\r\n\r\n"
+              "Any unchecked columns can be converted and interpolated, and are filled with the designated blank "
+              "number (such as 99999) initially."
+              "\r\n\r\n"
+              "Check 'Save labels in iutput file' to save the labels as the first line in the output file "
+              "(recommended if you have custom labels). If you do not have custom labels, uncheck this box, or the "
+              "first line of the output file will be the same as the first line of the input file."
+              "\r\n\r\n"
+              "Check 'VPD pre-process' to enable automatic detection of zero-flow conditions and automatic baseline "
+              "calculation and data conversion.");
+}
+
+TEST(ColumnSetupOpening, theParametersTakeInputOnlyWhileThePreProcessIsWanted)
+{
+    SetupWindow window;
+    EXPECT_FALSE(window.dialog().paramFrameOn());
+    window.boxes().turboCheck = true;
+    EXPECT_TRUE(window.dialog().paramFrameOn());
+    window.boxes().turboCheck = false;
+    EXPECT_FALSE(window.dialog().paramFrameOn());
+}
+
+TEST(ColumnSetupOpening, aLaterShowingTakesTheLabelsAgain)
+{
+    SetupWindow window(2);
+    window.dialog().setLabelBox(1, "typed and forgotten");
+    window.data.labels = {"A", "B"};
+    window.dialog().Form_Show();
+    EXPECT_EQ(window.dialog().labelBox(1), "A");
+    EXPECT_EQ(window.dialog().labelBox(2), "B");
+}
+
+// Paging
+
+TEST(ColumnSetupPaging, twentyColumnsShowFifteenRowsAndTheBarRunsToFive)
+{
+    SetupWindow window(20);
+    EXPECT_EQ(ColumnSetup::kVisibleRows, 15);
+    EXPECT_TRUE(window.dialog().scrollBarVisible());
+    EXPECT_EQ(window.dialog().scrollBarMax(), 5);
+}
+
+TEST(ColumnSetupPaging, fifteenColumnsNeedNoBarAndSixteenDo)
+{
+    EXPECT_FALSE(SetupWindow(15).dialog().scrollBarVisible());
+    EXPECT_EQ(SetupWindow(15).dialog().scrollBarMax(), 0);
+    EXPECT_TRUE(SetupWindow(16).dialog().scrollBarVisible());
+    EXPECT_EQ(SetupWindow(16).dialog().scrollBarMax(), 1);
+    EXPECT_FALSE(SetupWindow(1).dialog().scrollBarVisible());
+}
+
+TEST(ColumnSetupPaging, rowOneStandsAtTwoLessTwentyThreeAStepAndTheOthersTwentyThreeBelow)
+{
+    EXPECT_EQ(ColumnSetup::rowTop(1, 0), 2);
+    EXPECT_EQ(ColumnSetup::rowTop(2, 0), 25);
+    EXPECT_EQ(ColumnSetup::rowTop(1, 5), -113); // 2 - 23 x 5
+    EXPECT_EQ(ColumnSetup::rowTop(6, 5), 2);    // row 1 + value is at the top
+    EXPECT_EQ(ColumnSetup::rowTop(20, 5), 324); // 14 rows further down
+}
+
+TEST(ColumnSetupPaging, aFocusedRowScrollsIntoViewByTheLeastStep)
+{
+    SetupWindow window(20);
+    EXPECT_EQ(window.dialog().scrollValueShowing(3, 5), 2);  // rows 6 to 20 are shown: up until row 3 is the first
+    EXPECT_EQ(window.dialog().scrollValueShowing(17, 0), 2); // rows 1 to 15: down until row 17 is the last
+    EXPECT_EQ(window.dialog().scrollValueShowing(10, 3), 3); // in view already
+    EXPECT_EQ(window.dialog().scrollValueShowing(20, 0), 5);
+}
+
+// OK
+
+TEST(ColumnSetupOk, withoutPreProcessTheOrderIsLabelsUnsavedColumnModesHideColumn)
+{
+    SetupWindow window;
+    window.dialog().OKButton_Click();
+    EXPECT_THAT(window.calls, ElementsAre("updateLabels", "varList_Change 0, shown",
+                                          "varList_Change 0, hidden, Mode: sloppy one-click"));
+    EXPECT_TRUE(window.saveCheckAtLabels); // unsaved only after the labels
+    EXPECT_FALSE(window.data.saveCheck);
+}
+
+TEST(ColumnSetupOk, withPreProcessTheSensorsAreCountedBetweenPreProcessAndGetBase)
+{
+    SetupWindow window;
+    window.sensors = 7;
+    for (const int row : {1, 2, 3, 11}) window.dialog().setCheckBox(row, true);
+    EXPECT_EQ(window.okWithPreProcess(), "");
+    EXPECT_THAT(window.calls, ElementsAre("updateLabels", "varList_Change 0, shown", "preProcess", "getBase",
+                                          "varList_Change 0, hidden, Mode: traditional, edit data"));
+    EXPECT_EQ(window.sensorsAtPreProcess, 7);
+    EXPECT_EQ(window.sensorsAtGetBase, 8); // 12 columns less 4 marked ones
+}
+
+TEST(ColumnSetupOk, preProcessFindsTheModeSetAndItsColumnsCountedFromZero)
+{
+    SetupWindow window;
+    window.lineMode = window.Sloppy = true;
+    EXPECT_EQ(window.okWithPreProcess(), "");
+    EXPECT_TRUE(window.modeIsTurbo);
+    EXPECT_TRUE(window.parametersArePlaced); // "11" is column 10, "3" column 2
+    EXPECT_EQ(window.pointer, Pointer::cross);
+}
+
+TEST(ColumnSetupOk, withoutPreProcessTheWindowIsInSloppyOneClickModeAndItsModeEntryIsEnabled)
+{
+    SetupWindow window;
+    window.Turbo = true;
+    window.setEnabled(Control::mnuToolsMode, false);
+    window.dialog().OKButton_Click();
+    EXPECT_FALSE(window.Turbo);
+    EXPECT_TRUE(window.lineMode);
+    EXPECT_TRUE(window.Sloppy);
+    EXPECT_TRUE(window.isEnabled(Control::mnuToolsMode));
+    EXPECT_EQ(window.pointer, Pointer::northSouth);
+}
+
+TEST(ColumnSetupOk, limitsAre32BitFloats)
+{
+    SetupWindow window;
+    EXPECT_EQ(window.okWithPreProcess(), "");
+    EXPECT_EQ(window.data.vpdLimit, 0.05F);
+    EXPECT_EQ(window.data.parLimit, 0.01F);
+    EXPECT_LE(0.05, double{window.data.vpdLimit}); // a reading of 0.05 is within "0.05",
+    EXPECT_GT(0.01, double{window.data.parLimit}); // one of 0.01 is not within "0.01"
+}
+
+TEST(ColumnSetupOk, theLullLengthIsRoundedHalfToEven)
+{
+    for (const auto& [typed, rows] : {std::pair("2.5", 2), {"3.5", 4}, {"3", 3}, {"six", 0}, {"-1", -1}}) {
+        SetupWindow window;
+        window.boxes().timeBox = typed;
+        EXPECT_EQ(window.okWithPreProcess(), "");
+        EXPECT_EQ(window.data.lullTime, rows) << typed;
+    }
+}
+
+TEST(ColumnSetupOk, columnNumbersAreReadByTheirLeadingNumberLessOneHalfToEven)
+{
+    for (const auto& [typed, column] :
+         {std::pair("11", 10), {"1", 0}, {"2.5", 2}, {"1.5", 0}, {" 4 cm", 3}, {"12", 11}}) {
+        SetupWindow window;
+        window.boxes().vpdBox = typed;
+        EXPECT_EQ(window.okWithPreProcess(), "");
+        EXPECT_EQ(window.data.vpdCol, column) << typed;
+    }
+}
+
+TEST(ColumnSetupOk, marksAndTheLabelChoiceCountOnlyFromThen)
+{
+    SetupWindow window;
+    window.dialog().setCheckBox(2, true);
+    window.boxes().saveBox = true;
+    EXPECT_FALSE(window.isParameterColumn(1));
+    EXPECT_FALSE(window.savesLabels());
+    window.dialog().OKButton_Click();
+    EXPECT_TRUE(window.isParameterColumn(1));
+    EXPECT_FALSE(window.isParameterColumn(0));
+    EXPECT_TRUE(window.savesLabels());
+    EXPECT_FALSE(window.isParameterColumn(-1));
+    EXPECT_FALSE(window.isParameterColumn(12));
+}
+
+TEST(ColumnSetupOk, untilThenLabelsGoOutAsTheFileCame)
+{
+    SetupWindow window;
+    window.readWithLabels = true;
+    EXPECT_TRUE(window.savesLabels()); // a dialog that was only looked at loses no labels
+    window.dialog().CancelButton_Click();
+    EXPECT_TRUE(window.savesLabels());
+    window.dialog().Form_Show();
+    EXPECT_FALSE(window.boxes().saveBox);
+    window.dialog().OKButton_Click();
+    EXPECT_FALSE(window.savesLabels());
+}
+
+TEST(ColumnSetupOk, theBoxesStandAtTheNextShowingAsOkLeftThem)
+{
+    SetupWindow window;
+    window.dialog().setCheckBox(4, true);
+    window.boxes().timeBox = "9";
+    EXPECT_EQ(window.okWithPreProcess(), "");
+    window.dialog().Form_Show();
+    EXPECT_TRUE(window.dialog().checkBox(4));
+    EXPECT_EQ(window.boxes().timeBox, "9");
+    EXPECT_TRUE(window.boxes().turboCheck);
+}
+
+// Cancel
+
+TEST(ColumnSetupCancel, appliesNothingAndRestoresTheBoxes)
+{
+    SetupWindow window;
+    window.dialog().setCheckBox(4, true);
+    window.dialog().OKButton_Click();
+    window.data.saveCheck = true;
+    window.calls.clear();
+    window.dialog().setCheckBox(4, false);
+    window.dialog().setCheckBox(5, true);
+    window.boxes().saveBox = true;
+    window.boxes().vpdBox = "2";
+    window.dialog().CancelButton_Click();
+    EXPECT_THAT(window.calls, IsEmpty());
+    EXPECT_FALSE(window.fakeUi.columnSetupShown);
+    EXPECT_TRUE(window.data.saveCheck);
+    EXPECT_TRUE(window.dialog().checkBox(4));
+    EXPECT_FALSE(window.dialog().checkBox(5));
+    EXPECT_FALSE(window.boxes().saveBox);
+    EXPECT_EQ(window.boxes().vpdBox, "11");
+}
+
+// What cannot be used
+
+/// OK with one box changed: the fault, after a check that it left everything as it was.
+std::string faultOf(const std::function<void(ColumnSetup&)>& type)
+{
+    SetupWindow window;
+    window.lineMode = true;
+    window.dialog().setCheckBox(1, true);
+    type(window.dialog());
+    const std::string fault = window.okWithPreProcess();
+    EXPECT_THAT(window.calls, IsEmpty());
+    EXPECT_TRUE(window.fakeUi.columnSetupShown);
+    EXPECT_TRUE(window.data.saveCheck);
+    EXPECT_FALSE(window.Turbo);
+    EXPECT_TRUE(window.lineMode);
+    EXPECT_TRUE(window.isEnabled(Control::mnuToolsMode));
+    EXPECT_EQ(window.data.vpdCol, -1);
+    EXPECT_EQ(window.data.parCol, -1);
+    EXPECT_EQ(window.data.lullTime, 4);
+    EXPECT_FALSE(window.isParameterColumn(0));
+    EXPECT_TRUE(window.dialog().checkBox(1)); // what was typed and ticked can be mended
+    return fault;
+}
+
+TEST(ColumnSetupFaults, aColumnTheFileDoesNotHaveIsNamedWithTheNumberOfColumns)
+{
+    for (const std::string typed : {"13", "0", "-1", "", "VPD", "1E400", "40000", "-40000"}) {
+        const std::string vpd = faultOf([&](ColumnSetup& dialog) { dialog.boxes.vpdBox = typed; });
+        EXPECT_EQ(vpd, "The VPD column \"" + typed +
+                           "\" does not exist: the file has 12 columns. Type a number from 1 to 12.");
+        const std::string par = faultOf([&](ColumnSetup& dialog) { dialog.boxes.parBox = typed; });
+        EXPECT_THAT(par, StartsWith("The PAR column \"" + typed + "\" does not exist"));
+    }
+}
+
+TEST(ColumnSetupFaults, aLimitBeyond32BitFloatsIsTooLarge)
+{
+    EXPECT_EQ(faultOf([](ColumnSetup& dialog) { dialog.boxes.VPDlBox = "1E39"; }),
+              "The VPD limit \"1E39\" is too large. Type a smaller number.");
+    EXPECT_THAT(faultOf([](ColumnSetup& dialog) { dialog.boxes.PARlBox = "-1E400"; }),
+                HasSubstr("PAR limit \"-1E400\""));
+}
+
+TEST(ColumnSetupFaults, aLullLengthBeyond32BitsIsTooLarge)
+{
+    EXPECT_EQ(faultOf([](ColumnSetup& dialog) { dialog.boxes.timeBox = "2147483648"; }),
+              "The minimum lull length \"2147483648\" is too large. Type a smaller number.");
+}
+
+TEST(ColumnSetupFaults, aRecordWithoutASensorColumnCannotBePreProcessed)
+{
+    const std::string fault = faultOf([](ColumnSetup& dialog) {
+        for (int row = 1; row <= dialog.rows(); ++row) dialog.setCheckBox(row, true);
+    });
+    EXPECT_THAT(fault, StartsWith("Every column is marked \"Do not convert\""));
+}
+
+TEST(ColumnSetupFaults, nothingIsCheckedWithoutThePreProcess)
+{
+    SetupWindow window;
+    window.boxes().vpdBox = "no such column";
+    window.boxes().timeBox = "1E99";
+    window.dialog().OKButton_Click();
+    EXPECT_TRUE(window.Sloppy);
+    EXPECT_FALSE(window.fakeUi.columnSetupShown);
+}
+
+} // namespace
+} // namespace tarvelint::test

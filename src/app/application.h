@@ -1,0 +1,24 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace tarvelint {
+
+class Window;
+
+/// What one window asks of the application around it.
+class Application {
+public:
+    virtual ~Application() = default;
+    /// Captions of all open forms but `self`, dialogs included, first opened first.
+    [[nodiscard]] virtual std::vector<std::string> otherCaptions(const Window& self) const = 0;
+    /// Creates a further, empty main window and shows it.
+    virtual void newWindow() = 0;
+    /// Closes the forms captioned otherwise than `self`, last opened first, then `self`; each runs its own close
+    /// handling.
+    virtual void exitFrom(Window& self) = 0;
+};
+
+} // namespace tarvelint

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "window/window.h"
+
+#include <functional>
+
+namespace tarvelint {
+
+/// Thrown out of `letPendingEventsRun` when the window is to go: the running command ends without a word.
+class WindowClosing {};
+
+/// The one way by which user actions enter a window. Whatever the core throws ends here as one message box.
+class HandlerBoundary {
+public:
+    explicit HandlerBoundary(Window& window) : m_window(window) {}
+
+    /// A menu entry, button or key: dropped, never queued, while another command runs. When it fails, pointer and
+    /// status text are as they were before it.
+    void command(const std::function<void()>& body);
+    /// A repaint, resize or pointer position: always taken, also in the middle of a command.
+    void record(const std::function<void()>& body);
+    [[nodiscard]] bool isBusy() const { return m_busy; }
+
+private:
+    /// False when `body` did not run to its end.
+    [[nodiscard]] bool guarded(const std::function<void()>& body);
+    void show(const std::string& text, const std::string& title);
+
+    Window& m_window;
+    bool m_busy = false;
+};
+
+} // namespace tarvelint

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/application.h"
+#include "app/file_commands.h"
+#include "window/window.h"
+
+namespace tarvelint {
+
+/// A main window's coming and going: creation from the settings, New, Close, Exit, and what runs however it closes.
+class Lifecycle {
+public:
+    Lifecycle(Window& window, Application& application, FileCommands& files)
+        : m_window(window), m_application(application), m_files(files)
+    {
+    }
+
+    /// Fills a new window from the settings store; data commands stay disabled until a record is loaded.
+    void Form_Load();
+    /// Every way a window closes comes here. `cancel` comes back True when the window is to stay; its dialogs are
+    /// gone and its settings are written even then.
+    void Form_QueryUnload(bool& cancel);
+
+    void mnuFileNew_Click();
+    void mnuFileClose_Click();
+    void mnuFileExit_Click() { m_application.exitFrom(m_window); }
+    void mnuViewToolbar_Click() { toggleBar(Control::mnuViewToolbar, Control::tbToolBar); }
+    void mnuViewStatusBar_Click() { toggleBar(Control::mnuViewStatusBar, Control::sbStatusBar); }
+
+private:
+    void applySettings();
+    void unloadDialogs();
+    void toggleBar(Control entry, Control bar);
+
+    Window& m_window;
+    Application& m_application;
+    FileCommands& m_files;
+    bool m_asked = false; ///< File > Close has asked already
+};
+
+} // namespace tarvelint

@@ -1,0 +1,52 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "data/progress.h"
+#include "window/window.h"
+
+#include <chrono>
+
+namespace tarvelint {
+
+/// Shows a long operation in its window: status text, row counter, and a pause for pending events every few
+/// milliseconds, so a million rows are not a million trips through the event loop.
+class WindowProgress : public Progress {
+public:
+    static constexpr std::chrono::milliseconds kPause{30};
+
+    explicit WindowProgress(Window& window) : m_window(window), m_last(window.env.clock.now()) {}
+    void status(const std::string& text) override;
+    void row(std::int32_t row1) override;
+
+private:
+    Window& m_window;
+    std::chrono::milliseconds m_last;
+};
+
+/// While it lives its window shows the hourglass; then pointer, first status panel and row counter are as they were,
+/// however the operation ends.
+class BusyDisplay {
+public:
+    explicit BusyDisplay(Window& window)
+        : m_window(window), m_pointer(window.pointer), m_status(window.text(Control::statusPanel1)),
+          m_rows(window.text(Control::rowLabel))
+    {
+        window.setPointer(Pointer::hourglass);
+    }
+    ~BusyDisplay()
+    {
+        m_window.setPointer(m_pointer);
+        m_window.setStatus(1, m_status);
+        m_window.setText(Control::rowLabel, m_rows);
+    }
+    BusyDisplay(const BusyDisplay&) = delete;
+    BusyDisplay& operator=(const BusyDisplay&) = delete;
+
+private:
+    Window& m_window;
+    Pointer m_pointer;
+    std::string m_status;
+    std::string m_rows;
+};
+
+} // namespace tarvelint
