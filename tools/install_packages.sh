@@ -20,8 +20,6 @@ packages_of() {
         # The window tests: a display, a window manager, the accessibility tree, keys and screenshots.
         echo xvfb xauth openbox xdotool x11-utils dbus dbus-x11 at-spi2-core imagemagick
         echo python3 python3-gi python3-pyatspi gir1.2-atspi-2.0
-        # What is installed beside the programs is checked by the tools of its own trade.
-        echo desktop-file-utils appstream man-db
         ;;
     bench) echo libbenchmark-dev r-base-core r-cran-data.table time ;;
     tidy) echo clang-tidy clang-format ;;

@@ -1,0 +1,113 @@
+// SPDX-License-Identifier: MIT
+#include "batch/batch_run.h"
+
+#include "app/main_window.h"
+#include "batch/batch_ui.h"
+#include "batch/column_choice.h"
+#include "data/numbers.h"
+
+#include <new>
+
+namespace tarvelint {
+
+namespace {
+
+std::vector<bool> parameterColumns(const BatchOptions& options, const DataSet& data)
+{
+    if (options.parameters) return chosenColumns(*options.parameters, data.labels);
+    std::vector<bool> columns(data.labels.size(), false);
+    for (const int column1 : {1, 2, int{options.vpdColumn}, int{options.parColumn}})
+        if (data.hasColumn(column1 - 1)) columns[static_cast<std::size_t>(column1 - 1)] = true;
+    return columns;
+}
+
+void open(MainWindow& window, const BatchOptions& options)
+{
+    window.files.openFile({options.input, options.inputType});
+    if ((window.readLayers & 4) == 0)
+        throw CommandFailure("The file " + options.input +
+                             " holds no unconverted layer, so there is nothing to convert. Save it with the "
+                             "unconverted data, or start from the logger's own file.");
+    if (!window.haveLabelForm()) window.cues.labelButton_Click();
+}
+
+void layBaselines(MainWindow& window, const BatchOptions& options)
+{
+    ColumnSetup& setup = *window.labelFrm;
+    setup.boxes.checkBox = parameterColumns(options, window.data);
+    setup.boxes.saveBox = options.choices.labels;
+    setup.boxes.turboCheck = true;
+    setup.boxes.vpdBox = plainText(options.vpdColumn);
+    setup.boxes.parBox = plainText(options.parColumn);
+    setup.boxes.VPDlBox = options.vpdLimit;
+    setup.boxes.PARlBox = options.parLimit;
+    setup.boxes.timeBox = options.lullTime;
+    setup.OKButton_Click();
+}
+
+void save(MainWindow& window, const BatchOptions& options)
+{
+    const SaveChoices& choices = options.choices;
+    window.typeFrm = std::make_unique<SaveContents>(SaveContents{.inCheck = choices.unconverted,
+                                                                 .baseCheck = choices.baseline,
+                                                                 .outCheck = choices.converted,
+                                                                 .headerCheck = choices.header,
+                                                                 .blankCheck = choices.dots});
+    window.savePath = options.output;
+    window.data.fileDelimiter = delimiterOf(options.outputType);
+    try {
+        window.files.writeFile();
+    } catch (const FileFailure& failure) {
+        throw CommandFailure("The file " + options.output + " cannot be written: " + failure.what() +
+                             ". What was there before is untouched.");
+    }
+}
+
+void summarise(const MainWindow& window, std::ostream& out)
+{
+    const DataSet& data = window.data;
+    for (std::int32_t sensor = 0; sensor < window.sensors; ++sensor) {
+        const std::int32_t column = window.sensorCols[static_cast<std::size_t>(sensor)] - 1;
+        std::int64_t points = 0;
+        std::int64_t converted = 0;
+        std::int64_t missing = 0;
+        for (std::int32_t row = 0; row < data.lines; ++row) {
+            points += window.basePoints(sensor, row) ? 1 : 0;
+            converted += data.isBlank(data.values(kConverted, column, row)) ? 0 : 1;
+            missing += data.isBlank(data.values(kUnconverted, column, row)) ? 1 : 0;
+        }
+        out << data.labels[static_cast<std::size_t>(column)] << ": " << plainText(points) << " points, "
+            << plainText(converted) << " rows converted, " << plainText(missing) << " rows missing\n";
+    }
+}
+
+} // namespace
+
+int runBatch(const BatchOptions& options, const Environment& environment, std::ostream& out, std::ostream& err,
+             bool terminal)
+{
+    BatchUi ui(err, terminal && !options.quiet);
+    BatchApplication application;
+    environment.settings.writeSetting("Blank", plainText(options.blank));
+    std::string reason;
+    try {
+        MainWindow window(ui, environment, application);
+        ui.watch(window);
+        window.lifecycle.Form_Load();
+        open(window, options);
+        layBaselines(window, options);
+        save(window, options);
+        ui.endProgress();
+        if (!options.quiet) summarise(window, out);
+        return kDone;
+    } catch (const std::bad_alloc&) {
+        reason = "There is not enough memory for " + options.input + ".";
+    } catch (const std::exception& failure) {
+        reason = failure.what();
+    }
+    ui.endProgress();
+    err << "tarvelint-batch: " << reason << '\n';
+    return kDataFault;
+}
+
+} // namespace tarvelint

@@ -1,0 +1,73 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/application.h"
+#include "window/ui.h"
+#include "window/window.h"
+
+#include <ostream>
+
+namespace tarvelint {
+
+/// A plot area that nobody sees.
+class NoSurface : public Surface {
+public:
+    [[nodiscard]] float scaleWidth() const override { return 0; }
+    [[nodiscard]] float scaleHeight() const override { return 0; }
+    void erase() override {}
+    void setPenWidth(int) override {}
+    void moveTo(float, float) override {}
+    void lineTo(float, float, Color) override {}
+    void line(float, float, float, float, Color) override {}
+    void filledBox(float, float, float, float, Color) override {}
+    void circle(float, float, float, Color, Color) override {}
+};
+
+/// The toolkit of a program without windows: messages become lines on the error stream, and on a terminal the status
+/// text and row counter are shown while a file is read or written.
+class BatchUi : public Ui {
+public:
+    BatchUi(std::ostream& err, bool showsProgress) : m_err(err), m_showsProgress(showsProgress) {}
+    void watch(const Window& window) { m_window = &window; }
+    void endProgress();
+
+    void changed(Control) override {}
+    void listChanged(int) override {}
+    void scrollBarChanged() override {}
+    void pointerChanged() override {}
+    void captionChanged() override {}
+    [[nodiscard]] Surface& surface(int) override { return m_surface; }
+    void focus(Control) override {}
+    void beep() override {}
+    Answer messageBox(const Message& message) override;
+    [[nodiscard]] std::optional<ChosenFile> openFileDialog(const FileDialog&) override { return {}; }
+    [[nodiscard]] std::optional<ChosenFile> saveFileDialog(const FileDialog&) override { return {}; }
+    void showColumnSetup(bool) override {}
+    void hideColumnSetup() override {}
+    void unloadColumnSetup() override {}
+    void showSaveContents() override {}
+    void unloadSaveContents() override {}
+    void letPendingEventsRun() override;
+    void unload() override {}
+    [[nodiscard]] Geometry geometry() const override { return {}; }
+    void setGeometry(const Geometry&) override {}
+    [[nodiscard]] bool isMinimised() const override { return false; }
+    [[nodiscard]] Geometry screen() const override { return {}; }
+
+private:
+    std::ostream& m_err;
+    bool m_showsProgress;
+    const Window* m_window = nullptr;
+    bool m_progressShown = false;
+    NoSurface m_surface;
+};
+
+/// One window and nothing around it.
+class BatchApplication : public Application {
+public:
+    [[nodiscard]] std::vector<std::string> otherCaptions(const Window&) const override { return {}; }
+    void newWindow() override {}
+    void exitFrom(Window&) override {}
+};
+
+} // namespace tarvelint

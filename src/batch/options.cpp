@@ -1,0 +1,184 @@
+// SPDX-License-Identifier: MIT
+#include "batch/options.h"
+
+#include "data/numbers.h"
+#include "data/settings_store.h"
+
+#include <CLI/CLI.hpp>
+
+#include <algorithm>
+#include <cctype>
+#include <map>
+#include <string_view>
+
+namespace tarvelint {
+
+namespace {
+
+const std::map<std::string, FileType> kDelimiters{
+    {"space", FileType::space}, {"tab", FileType::tab}, {"comma", FileType::comma}};
+
+/// The command line as CLI11 fills it, before it becomes options.
+struct Raw {
+    BatchOptions options;
+    std::optional<FileType> inputType;
+    std::optional<FileType> outputType;
+    std::string layers = "unconverted,baseline,converted";
+    bool noHeader = false;
+    bool noDots = false;
+};
+
+/// Refuses at the command line what no file could make right.
+std::string checkLimit(const std::string& text)
+{
+    try {
+        if (!isNumeric(text)) return "\"" + text + "\" is not a number";
+        static_cast<void>(toFloat32(leadingNumber(text)));
+        return {};
+    } catch (const NumericOverflow&) {
+        return "\"" + text + "\" is too large";
+    }
+}
+
+std::string checkRows(const std::string& text)
+{
+    try {
+        if (!isNumeric(text)) return "\"" + text + "\" is not a number";
+        static_cast<void>(roundToInt32(leadingNumber(text)));
+        return {};
+    } catch (const NumericOverflow&) {
+        return "\"" + text + "\" is too large";
+    }
+}
+
+/// Switches the layers that a list such as "unconverted,converted" names, and no other, on; False when a name is
+/// unknown or there is none.
+bool chooseLayers(const std::string& list, SaveChoices& choices)
+{
+    choices.unconverted = choices.baseline = choices.converted = false;
+    for (const std::string_view name : splitFields(list, ',')) {
+        if (name == "unconverted")
+            choices.unconverted = true;
+        else if (name == "baseline")
+            choices.baseline = true;
+        else if (name == "converted")
+            choices.converted = true;
+        else
+            return false;
+    }
+    return choices.unconverted || choices.baseline || choices.converted;
+}
+
+std::string checkLayers(const std::string& list)
+{
+    SaveChoices choices;
+    if (chooseLayers(list, choices)) return {};
+    return "\"" + list + "\" is not a list of unconverted, baseline and converted";
+}
+
+void addFiles(CLI::App& app, Raw& raw)
+{
+    app.add_option("INPUT", raw.options.input, "Logger record or a file this program wrote")->required();
+    app.add_option("-o,--output", raw.options.output, "File to write; replaced only as a whole")->required();
+    app.add_option("--input-delimiter", raw.inputType, "space, tab or comma (default: by extension)")
+        ->transform(CLI::Transformer(kDelimiters).description(""))
+        ->type_name("NAME");
+    app.add_option("--output-delimiter", raw.outputType, "space, tab or comma (default: by extension)")
+        ->transform(CLI::Transformer(kDelimiters).description(""))
+        ->type_name("NAME");
+    app.add_option("--blank", raw.options.blank, "Number that stands for a missing value")
+        ->type_name("N")
+        ->capture_default_str();
+}
+
+void addZeroFlow(CLI::App& app, Raw& raw)
+{
+    auto& options = raw.options;
+    const auto column = CLI::Range(1, 32767).description("");
+    app.add_option("--vpd-column", options.vpdColumn, "Column of vapour pressure deficit, from 1")
+        ->check(column)
+        ->type_name("N")
+        ->capture_default_str();
+    app.add_option("--par-column", options.parColumn, "Column of photosynthetically active radiation, from 1")
+        ->check(column)
+        ->type_name("N")
+        ->capture_default_str();
+    app.add_option("--vpd-limit", options.vpdLimit, "A row is calm at or below this")
+        ->check(CLI::Validator(checkLimit, ""))
+        ->type_name("X")
+        ->capture_default_str();
+    app.add_option("--par-limit", options.parLimit, "A row is dark at or below this")
+        ->check(CLI::Validator(checkLimit, ""))
+        ->type_name("X")
+        ->capture_default_str();
+    app.add_option("--lull-time", options.lullTime, "Rows of calm and dark before zero flow is believed")
+        ->check(CLI::Validator(checkRows, ""))
+        ->type_name("ROWS")
+        ->capture_default_str();
+    app.add_option("--parameters", options.parameters,
+                   "Columns that are not converted: numbers, ranges and labels, such as 1-4,9,Tair "
+                   "(default: 1, 2, VPD and PAR)")
+        ->type_name("LIST");
+}
+
+void addContents(CLI::App& app, Raw& raw)
+{
+    app.add_option("--layers", raw.layers, "Layers to write")
+        ->check(CLI::Validator(checkLayers, ""))
+        ->type_name("LIST")
+        ->capture_default_str();
+    app.add_flag("--no-header", raw.noHeader, "Leave out the header line");
+    app.add_flag("--labels", raw.options.choices.labels, "Write a labels line above each layer");
+    app.add_flag("--no-dots", raw.noDots, "Write missing values as their number, not as dots");
+    app.add_flag("--quiet", raw.options.quiet, "No progress and no summary");
+}
+
+BatchOptions finished(Raw raw)
+{
+    BatchOptions options = std::move(raw.options);
+    options.inputType = raw.inputType.value_or(fileTypeOfExtension(options.input));
+    options.outputType = raw.outputType.value_or(fileTypeOfExtension(options.output));
+    chooseLayers(raw.layers, options.choices);
+    options.choices.header = !raw.noHeader;
+    options.choices.dots = !raw.noDots;
+    return options;
+}
+
+} // namespace
+
+FileType fileTypeOfExtension(const std::string& path)
+{
+    const auto dot = path.rfind('.');
+    const auto slash = path.rfind('/');
+    if (dot == std::string::npos || (slash != std::string::npos && dot < slash)) return FileType::comma;
+    std::string extension = path.substr(dot);
+    std::transform(extension.begin(), extension.end(), extension.begin(),
+                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+    if (extension == ".asc") return FileType::space;
+    return extension == ".txt" ? FileType::tab : FileType::comma;
+}
+
+ParsedCommandLine parseCommandLine(int argc, const char* const* argv, std::ostream& out, std::ostream& err)
+{
+    Raw raw;
+    CLI::App app("Lays zero-flow baselines on thermal-dissipation sap-flow readings and converts them to sap flux.",
+                 "tarvelint-batch");
+    app.set_version_flag("--version", std::string("tarvelint-batch ") + TARVELINT_VERSION);
+    addFiles(app, raw);
+    addZeroFlow(app, raw);
+    addContents(app, raw);
+    try {
+        app.parse(argc, argv);
+        if (raw.options.input.empty() || raw.options.output.empty())
+            throw CLI::ValidationError("INPUT and --output", "a file name must not be empty");
+    } catch (const CLI::Success& asked) {
+        app.exit(asked, out, err);
+        return {};
+    } catch (const CLI::ParseError& fault) {
+        app.exit(fault, out, err);
+        return {std::nullopt, kWrongCommandLine};
+    }
+    return {finished(std::move(raw)), kDone};
+}
+
+} // namespace tarvelint

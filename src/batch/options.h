@@ -1,0 +1,45 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "data/file_format.h"
+
+#include <cstdint>
+#include <optional>
+#include <ostream>
+#include <string>
+
+namespace tarvelint {
+
+/// What a command line asks for. Columns are 1-based; texts go into the column set-up's boxes as they stand.
+struct BatchOptions {
+    std::string input;
+    std::string output;
+    FileType inputType = FileType::comma;
+    FileType outputType = FileType::comma;
+    std::int16_t vpdColumn = 11;
+    std::int16_t parColumn = 3;
+    std::string vpdLimit = "0.05";
+    std::string parLimit = "0.01";
+    std::string lullTime = "3";
+    std::optional<std::string> parameters; ///< columns that are not converted; none: 1, 2, VPD and PAR
+    SaveChoices choices;
+    std::int32_t blank = 99999;
+    bool quiet = false;
+};
+
+/// Exit statuses of the batch program.
+enum ExitStatus : int { kDone = 0, kDataFault = 1, kWrongCommandLine = 2 };
+
+/// The options, or the status to exit with at once (after --help, --version or a fault that was explained on `err`).
+struct ParsedCommandLine {
+    std::optional<BatchOptions> options;
+    int exitStatus = kDone;
+};
+
+[[nodiscard]] ParsedCommandLine parseCommandLine(int argc, const char* const* argv, std::ostream& out,
+                                                 std::ostream& err);
+
+/// The delimiter that an extension stands for: .asc space, .txt tab, anything else comma; case does not matter.
+[[nodiscard]] FileType fileTypeOfExtension(const std::string& path);
+
+} // namespace tarvelint

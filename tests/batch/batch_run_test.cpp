@@ -1,0 +1,211 @@
+// SPDX-License-Identifier: MIT
+#include "batch/batch_run.h"
+
+#include "app/main_window.h"
+#include "batch/batch_ui.h"
+#include "support/doubles.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+
+namespace tarvelint::test {
+namespace {
+
+/// Day, time, PAR, VPD and two sensors over two nights: rows 0 to 9 and 30 to 39 are calm and dark, the readings of the
+/// night peak at rows 5 and 35; sensor B misses row 20.
+std::string twoNights(char delimiter)
+{
+    std::string text;
+    const auto field = [&](const std::string& value) { text += value + delimiter; };
+    for (const char* label : {"Day", "Time", "PAR", "VPD", "A", "B"}) field(label);
+    text += "\r\n";
+    for (int row = 0; row < 40; ++row) {
+        const bool night = row < 10 || row >= 30;
+        field("1");
+        field(std::to_string(row));
+        field(night ? "0" : "500");
+        field(night ? "0.01" : "1.5");
+        const int reading = row == 5 || row == 35 ? 1000 : night ? 990 : 800;
+        field(std::to_string(reading));
+        field(row == 20 ? "99999" : std::to_string(reading));
+        text += "\r\n";
+    }
+    return text;
+}
+
+class BatchRun : public testing::Test {
+protected:
+    MemorySettings settings;
+    FixedStyle style;
+    MemoryFiles files;
+    ManualClock clock;
+    std::ostringstream out;
+    std::ostringstream err;
+    BatchOptions options;
+
+    BatchRun()
+    {
+        files.contents["in.csv"] = twoNights(',');
+        options.input = "in.csv";
+        options.output = "out.csv";
+        options.vpdColumn = 4;
+    }
+    int run(bool terminal = false) { return runBatch(options, {settings, style, files, clock}, out, err, terminal); }
+    [[nodiscard]] const std::string& written() { return files.contents["out.csv"]; }
+
+    /// The same job done by hand in a window.
+    std::string writtenByWindow(bool labels)
+    {
+        FakeUi ui;
+        BatchApplication application;
+        MainWindow window(ui, {settings, style, files, clock}, application);
+        window.lifecycle.Form_Load();
+        ui.openChoices.push_back(ChosenFile{"in.csv", FileType::comma});
+        window.boundary.command([&] { window.files.mnuFileOpen_Click(); });
+        for (int column1 = 1; column1 <= 4; ++column1) window.labelFrm->setCheckBox(column1, true);
+        window.labelFrm->boxes.turboCheck = true;
+        window.labelFrm->boxes.vpdBox = "4";
+        window.labelFrm->boxes.saveBox = labels;
+        window.boundary.command([&] { window.labelFrm->OKButton_Click(); });
+        ui.onSaveContents = [&] { window.typeFrm->OKButton_Click(); };
+        ui.saveChoices.push_back(ChosenFile{"window.csv", FileType::comma});
+        window.boundary.command([&] { window.files.mnuFileSave_Click(); });
+        EXPECT_TRUE(ui.messages.empty());
+        return files.contents["window.csv"];
+    }
+};
+
+TEST_F(BatchRun, writesTheBytesThatTheWindowWrites)
+{
+    ASSERT_EQ(run(), kDone) << err.str();
+    EXPECT_EQ(written(), writtenByWindow(false));
+    EXPECT_NE(written().find("unconverted-baseline-converted"), std::string::npos);
+}
+
+TEST_F(BatchRun, labelsAreWrittenWhenAskedFor)
+{
+    options.choices.labels = true;
+    ASSERT_EQ(run(), kDone);
+    EXPECT_EQ(written(), writtenByWindow(true));
+    EXPECT_NE(written().find("\r\nDay,Time,PAR,VPD,A,B,\r\n"), std::string::npos);
+}
+
+TEST_F(BatchRun, saysOneLineASensorWithPointsRowsConvertedAndRowsMissing)
+{
+    ASSERT_EQ(run(), kDone);
+    // Night one is flagged from row 3 on (lull time 3) and peaks at row 5. Night two peaks at row 35, from where
+    // looking ahead runs off the data, which puts the point on row 39: rows 5 to 39 are converted, 35 of them; B misses
+    // one.
+    EXPECT_EQ(out.str(), "A: 2 points, 35 rows converted, 0 rows missing\n"
+                         "B: 2 points, 34 rows converted, 1 rows missing\n");
+    EXPECT_TRUE(err.str().empty());
+}
+
+TEST_F(BatchRun, quietSaysNothing)
+{
+    options.quiet = true;
+    ASSERT_EQ(run(true), kDone);
+    EXPECT_TRUE(out.str().empty());
+    EXPECT_TRUE(err.str().empty());
+}
+
+TEST_F(BatchRun, progressShowsOnATerminalOnly)
+{
+    clock.step = std::chrono::milliseconds(50);
+    ASSERT_EQ(run(true), kDone);
+    EXPECT_NE(err.str().find("reading data"), std::string::npos);
+    EXPECT_NE(err.str().find("Status: writing file"), std::string::npos);
+    err.str("");
+    ASSERT_EQ(run(false), kDone);
+    EXPECT_TRUE(err.str().empty());
+}
+
+TEST_F(BatchRun, theUsersOwnSettingsDoNotCount)
+{
+    settings.values = {{"VPDlimit", "0.000001"}, {"lullTime", "1000"}, {"Zero", "1"}, {"PAR", "1"}};
+    ASSERT_EQ(run(), kDone);
+    // Limits and columns come from the command line; only a store of this run is handed in by the program.
+    EXPECT_NE(out.str().find("A: 2 points"), std::string::npos);
+}
+
+TEST_F(BatchRun, aFileOfThisProgramIsHonoured)
+{
+    ASSERT_EQ(run(), kDone);
+    files.contents["again.csv"] = written();
+    const std::string first = written();
+    options.input = "again.csv";
+    ASSERT_EQ(run(), kDone) << err.str();
+    EXPECT_EQ(written(), first);
+}
+
+TEST_F(BatchRun, withoutAnUnconvertedLayerItIsAFault)
+{
+    options.choices.unconverted = false;
+    ASSERT_EQ(run(), kDone);
+    files.contents["again.csv"] = written();
+    options.input = "again.csv";
+    options.output = "other.csv";
+    EXPECT_EQ(run(), kDataFault);
+    EXPECT_NE(err.str().find("again.csv holds no unconverted layer"), std::string::npos) << err.str();
+    EXPECT_FALSE(files.contents.contains("other.csv"));
+}
+
+TEST_F(BatchRun, aVpdColumnThatTheFileDoesNotHaveIsAFaultThatNamesIt)
+{
+    options.vpdColumn = 11;
+    EXPECT_EQ(run(), kDataFault);
+    EXPECT_NE(err.str().find("VPD column \"11\""), std::string::npos) << err.str();
+    EXPECT_NE(err.str().find("6 columns"), std::string::npos) << err.str();
+    EXPECT_FALSE(files.contents.contains("out.csv"));
+}
+
+TEST_F(BatchRun, parametersNameTheColumnsThatAreNotConverted)
+{
+    options.parameters = "1-4,B";
+    ASSERT_EQ(run(), kDone);
+    EXPECT_EQ(out.str(), "A: 2 points, 35 rows converted, 0 rows missing\n");
+}
+
+TEST_F(BatchRun, missingValuesAreTheNumberAskedFor)
+{
+    options.blank = -7;
+    options.choices.dots = false;
+    options.choices.baseline = options.choices.unconverted = options.choices.header = false;
+    ASSERT_EQ(run(), kDone);
+    EXPECT_EQ(written().substr(0, written().find("\r\n")), "-7,-7,-7,-7,-7,-7,");
+}
+
+TEST_F(BatchRun, aFullDiskLeavesTheOldFileWhole)
+{
+    files.contents["out.csv"] = "precious";
+    files.diskRoom = 100;
+    EXPECT_EQ(run(), kDataFault);
+    EXPECT_EQ(written(), "precious");
+    EXPECT_NE(err.str().find("out.csv cannot be written: No space left on device"), std::string::npos) << err.str();
+}
+
+TEST_F(BatchRun, aMissingOrFaultyInputIsAFault)
+{
+    options.input = "nowhere.csv";
+    EXPECT_EQ(run(), kDataFault);
+    EXPECT_NE(err.str().find("nowhere.csv"), std::string::npos);
+    files.contents["in.csv"] = "Tarvelint output: today,6 columns,40 rows each,without labels,blank='.'\r\n";
+    options.input = "in.csv";
+    EXPECT_EQ(run(), kDataFault);
+    EXPECT_NE(err.str().find("no U-B-C info in the header!"), std::string::npos) << err.str();
+}
+
+TEST_F(BatchRun, aTruncatedFileIsConvertedAsFarAsItGoesWithAWarning)
+{
+    ASSERT_EQ(run(), kDone);
+    const std::string whole = written();
+    files.contents["cut.csv"] = whole.substr(0, whole.find("\r\n", whole.size() / 4) + 2);
+    options.input = "cut.csv";
+    EXPECT_EQ(run(), kDone);
+    EXPECT_NE(err.str().find("cut.csv"), std::string::npos) << err.str();
+}
+
+} // namespace
+} // namespace tarvelint::test
