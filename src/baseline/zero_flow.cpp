@@ -200,6 +200,7 @@ void ZeroFlow::baseButton_Click()
     m_window.markChanged();
     m_window.redraw(0, true);
     m_window.redraw(1, true);
+    m_window.updateCues(); // the selection has moved
 }
 
 void ZeroFlow::drawBlockMaxima(std::int32_t column)

@@ -33,6 +33,7 @@ void Undo::mnuEditUndo_Click()
         m_window.markChanged();
         m_window.redraw(0, true);
         m_window.redraw(1, true);
+        m_window.updateCues(); // the selection has moved
     }
     showAvailable(false);
 }

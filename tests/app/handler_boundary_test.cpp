@@ -128,8 +128,7 @@ TEST(HandlerBoundaryFailure, aFormatFaultWithoutTitleBearsTheApplications)
 TEST(HandlerBoundaryFailure, anOverflowSaysWhichNumber)
 {
     const Message box = boxFor(NumericOverflow("40000 does not fit 16 bits."));
-    EXPECT_THAT(box.text, HasSubstr("40000 does not fit 16 bits."));
-    EXPECT_THAT(box.text, HasSubstr("too large"));
+    EXPECT_EQ(box.text, "40000 does not fit 16 bits.");
     EXPECT_EQ(box.title, "Tarvelint");
 }
 

@@ -178,7 +178,7 @@ TEST(BaseButton, theWholeColumnIsSelectedAndCopiedForUndoFirst)
     EXPECT_EQ(window.baselineAtUndo, Column(3, untouched));
     EXPECT_EQ(window.selStartAtUndo, 0);
     EXPECT_EQ(window.selEndAtUndo, 2);
-    EXPECT_EQ(window.calls, (std::vector<std::string>{"undoSave 0", "redraw 0 True", "redraw 1 True"}));
+    EXPECT_EQ(window.calls, (std::vector<std::string>{"undoSave 0", "redraw 0 True", "redraw 1 True", "updateCues"}));
     EXPECT_FALSE(window.data.saveCheck);
 }
 

@@ -163,7 +163,7 @@ TEST(Undo, undoingMarksTheChangeAndRedrawsBothAreas)
     window.data.saveCheck = true;
     window.undo.mnuEditUndo_Click();
     EXPECT_FALSE(window.data.saveCheck);
-    EXPECT_EQ(window.calls, (Calls{"redraw 0 True", "redraw 1 True"}));
+    EXPECT_EQ(window.calls, (Calls{"redraw 0 True", "redraw 1 True", "updateCues"}));
 }
 
 /// Looks at the data when the plot is drawn again.

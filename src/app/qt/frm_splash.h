@@ -1,0 +1,62 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/string_table.h"
+
+#include <QDialog>
+#include <QIcon>
+#include <QList>
+#include <QString>
+
+class QBoxLayout;
+class QFrame;
+class QLabel;
+class QPushButton;
+
+namespace tarvelint {
+
+/// Makes ":/about_texts.txt" and the icons readable. A library's resources are not registered by themselves; call it
+/// before the first use. Calling it again does no harm.
+void useProgramResources();
+
+/// The program's icon, in sizes from 16 to 256 pixels.
+[[nodiscard]] QIcon programIcon();
+
+/// The window shown at start-up until its button is pressed, and again as the about box. Texts that the
+/// organisation left out take no room.
+class FrmSplash : public QDialog {
+    Q_OBJECT
+
+public:
+    /// @param version  "major.minor.revision" of the build
+    FrmSplash(const StringTable& table, const QString& version, QWidget* parent = nullptr);
+
+    /// How it was opened: empty at start-up, "1" while it is the about box.
+    QString tagText;
+
+    /// Any way of leaving: the button, Esc, or the frame's close button. Emits `dismissed` once hidden.
+    void done(int result) override;
+
+Q_SIGNALS:
+    void dismissed();
+
+private:
+    /// A control with the number of its text, as `loadResStrings` wants it.
+    struct Numbered {
+        QWidget* widget;
+        ResControl control;
+    };
+
+    [[nodiscard]] QLabel* addLabel(QBoxLayout& layout, const char* name, const char* tag);
+    [[nodiscard]] QBoxLayout* buildHead();
+    [[nodiscard]] QFrame* buildMainFrame();
+    [[nodiscard]] QBoxLayout* buildFoot();
+    void Form_Load(const StringTable& table, const QString& version);
+
+    QList<Numbered> m_numbered;
+    QLabel* m_lblProductName = nullptr;
+    QLabel* m_lblVersion = nullptr;
+    QPushButton* m_Command1 = nullptr;
+};
+
+} // namespace tarvelint

@@ -1,0 +1,34 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/qt/plot_surface.h"
+
+#include <QWidget>
+
+namespace tarvelint {
+
+/// `Picture1(index)`: shows its surface's pixels and says when they have to be drawn again. Draws nothing itself.
+class PlotArea : public QWidget {
+    Q_OBJECT
+public:
+    explicit PlotArea(int index, QWidget* parent = nullptr);
+
+    [[nodiscard]] PlotSurface& surface() { return m_surface; }
+    [[nodiscard]] QSize sizeHint() const override { return {640, 220}; }
+    [[nodiscard]] QSize minimumSizeHint() const override { return {120, 72}; }
+
+Q_SIGNALS:
+    void resized(int index);
+    /// The screen's scale changed: nothing of the old pixels is left.
+    void scaleChanged();
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+
+private:
+    int m_index;
+    PlotSurface m_surface;
+};
+
+} // namespace tarvelint

@@ -1,0 +1,93 @@
+// SPDX-License-Identifier: MIT
+#include "app/qt/window_list.h"
+
+#include "app/qt/frm_main.h"
+#include "app/qt/frm_splash.h"
+
+#include <algorithm>
+
+namespace tarvelint {
+
+WindowList::~WindowList()
+{
+    for (FrmMain* form : mainWindows()) delete form;
+}
+
+FrmMain& WindowList::create()
+{
+    auto* form = new FrmMain(m_environment, m_table, *this);
+    connect(form, &FrmMain::closed, this, [this, form] { closed(form); });
+    opened(form);
+    form->command([form] { form->core().lifecycle.Form_Load(); });
+    return *form;
+}
+
+void WindowList::opened(QWidget* form)
+{
+    std::erase_if(m_forms, [](const QPointer<QWidget>& other) { return !other; });
+    m_forms.emplace_back(form);
+}
+
+std::vector<FrmMain*> WindowList::mainWindows() const
+{
+    std::vector<FrmMain*> windows;
+    for (const auto& form : m_forms)
+        if (auto* window = qobject_cast<FrmMain*>(form.data())) windows.push_back(window);
+    return windows;
+}
+
+std::string WindowList::captionOf(const QWidget& form) const
+{
+    if (const auto* window = qobject_cast<const FrmMain*>(&form)) return window->core().caption;
+    // The splash shows the program's title in its frame, but that title belongs to the first main window.
+    return qobject_cast<const FrmSplash*>(&form) ? std::string() : form.windowTitle().toStdString();
+}
+
+std::vector<std::string> WindowList::otherCaptions(const Window& self) const
+{
+    std::vector<std::string> captions;
+    for (const auto& form : m_forms) {
+        if (!form) continue;
+        const auto* window = qobject_cast<const FrmMain*>(form.data());
+        if (!window || &window->core() != &self) captions.push_back(captionOf(*form));
+    }
+    return captions;
+}
+
+void WindowList::newWindow()
+{
+    create().show();
+}
+
+void WindowList::exitFrom(Window& self)
+{
+    const std::string own = self.caption;
+    const auto forms = m_forms; // closing changes the list
+    for (auto form = forms.rbegin(); form != forms.rend(); ++form) {
+        if (!*form || captionOf(**form) == own) continue;
+        if (auto* window = qobject_cast<FrmMain*>(form->data()))
+            window->unload();
+        else
+            (*form)->close();
+    }
+    self.ui.unload();
+}
+
+void WindowList::closed(FrmMain* form)
+{
+    std::erase(m_forms, form);
+    form->deleteLater(); // its own code may still be on the stack
+    if (mainWindows().empty()) Q_EMIT lastClosed();
+}
+
+void WindowList::showAbout(QWidget& over)
+{
+    auto* about = new FrmSplash(m_table, QStringLiteral(TARVELINT_VERSION), &over);
+    about->tagText = QStringLiteral("1");
+    about->setWindowModality(Qt::WindowModal);
+    connect(about, &FrmSplash::dismissed, about, &QObject::deleteLater);
+    opened(about);
+    about->show();
+}
+
+} // namespace tarvelint

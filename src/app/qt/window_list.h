@@ -1,0 +1,53 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "app/application.h"
+#include "app/string_table.h"
+#include "window/window.h"
+
+#include <QObject>
+#include <QPointer>
+#include <QWidget>
+
+#include <vector>
+
+namespace tarvelint {
+
+class FrmMain;
+
+/// All open forms in the order of their opening: main windows, their dialogs, the splash. Main windows are made and
+/// destroyed here and nowhere else.
+class WindowList : public QObject, public Application {
+    Q_OBJECT
+public:
+    /// All three outlive the list.
+    WindowList(const Environment& environment, const StringTable& table) : m_environment(environment), m_table(table) {}
+    ~WindowList() override;
+
+    /// A new main window, loaded but not shown.
+    FrmMain& create();
+    /// A dialog or the splash has been loaded; it leaves the list when it is destroyed.
+    void opened(QWidget* form);
+    [[nodiscard]] std::vector<FrmMain*> mainWindows() const;
+
+    [[nodiscard]] std::vector<std::string> otherCaptions(const Window& self) const override;
+    void newWindow() override;
+    void exitFrom(Window& self) override;
+
+    /// The about box: the splash once more, over the window it was asked from.
+    void showAbout(QWidget& over);
+
+Q_SIGNALS:
+    /// No main window is left.
+    void lastClosed();
+
+private:
+    [[nodiscard]] std::string captionOf(const QWidget& form) const;
+    void closed(FrmMain* form);
+
+    Environment m_environment;
+    const StringTable& m_table;
+    std::vector<QPointer<QWidget>> m_forms;
+};
+
+} // namespace tarvelint

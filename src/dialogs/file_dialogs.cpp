@@ -1,0 +1,104 @@
+// SPDX-License-Identifier: MIT
+#include "dialogs/file_dialogs.h"
+
+#include <QDir>
+#include <QEvent>
+#include <QEventLoop>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QPointer>
+
+#include <algorithm>
+
+namespace tarvelint {
+
+namespace {
+
+/// Ends an event loop when the widget it watches is hidden by the program; minimising its window does not count.
+class HideWatch : public QObject {
+public:
+    explicit HideWatch(QEventLoop& loop) : m_loop(loop) {}
+
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::Hide && !event->spontaneous()) m_loop.quit();
+        return QObject::eventFilter(watched, event);
+    }
+
+private:
+    QEventLoop& m_loop;
+};
+
+QStringList nameFilters(const FileDialog& dialog)
+{
+    // The toolkit takes the last bracket for patterns and shows what stands before it.
+    QStringList filters;
+    for (const auto& filter : dialog.filters)
+        filters += QString::fromStdString(filter.text + " (" + filter.patterns + ")");
+    return filters;
+}
+
+QString& lastFolder()
+{
+    static QString folder;
+    return folder;
+}
+
+void setUp(QFileDialog& box, const FileDialog& dialog, bool save)
+{
+    box.setObjectName(QStringLiteral("fileDialog"));
+    box.setAccessibleName(QString::fromStdString(dialog.title));
+    box.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::HideNameFilterDetails);
+    box.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    box.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+    box.setDirectory(QDir(lastFolder()).exists() && !lastFolder().isEmpty() ? lastFolder() : QDir::currentPath());
+    const QStringList filters = nameFilters(dialog);
+    box.setNameFilters(filters);
+    box.selectNameFilter(filters.value(static_cast<int>(dialog.selected) - 1));
+}
+
+/// The toolkit names the picked filter with or without its patterns, depending on what it shows.
+FileType pickedType(const QFileDialog& box, const FileDialog& dialog)
+{
+    const QString picked = box.selectedNameFilter();
+    const auto found = std::find_if(dialog.filters.begin(), dialog.filters.end(), [&picked](const auto& filter) {
+        return picked.startsWith(QString::fromStdString(filter.text));
+    });
+    if (found == dialog.filters.end()) return dialog.selected;
+    return static_cast<FileType>(found - dialog.filters.begin() + 1);
+}
+
+} // namespace
+
+bool showUntilHidden(QDialog& dialog)
+{
+    const QPointer<QDialog> alive(&dialog);
+    QEventLoop loop;
+    HideWatch watch(loop);
+    dialog.installEventFilter(&watch);
+    QObject::connect(&dialog, &QObject::destroyed, &loop, &QEventLoop::quit);
+    dialog.setWindowModality(Qt::WindowModal);
+    dialog.setAttribute(Qt::WA_Moved, false); // placed over its window anew at each showing
+    dialog.show();
+    loop.exec();
+    if (alive) alive->hide();
+    return alive != nullptr;
+}
+
+std::optional<ChosenFile> askForFile(QWidget* parent, const FileDialog& dialog, bool save)
+{
+    const QPointer<QFileDialog> box(new QFileDialog(parent, QString::fromStdString(dialog.title)));
+    setUp(*box, dialog, save);
+    if (!showUntilHidden(*box)) return std::nullopt;
+
+    std::optional<ChosenFile> chosen;
+    const QStringList files = box->selectedFiles();
+    if (box->result() == QDialog::Accepted && !files.isEmpty()) {
+        lastFolder() = QFileInfo(files.first()).absolutePath();
+        chosen = ChosenFile{files.first().toStdString(), pickedType(*box, dialog)};
+    }
+    delete box.data();
+    return chosen;
+}
+
+} // namespace tarvelint

@@ -1,0 +1,19 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QString>
+
+#include <string>
+#include <string_view>
+
+namespace tarvelint {
+
+/// A column label as the screen shows it. Loggers write labels in whatever encoding they know: bytes that are valid
+/// UTF-8 are taken as that, all others as Windows-1252, which gives every byte a character.
+[[nodiscard]] QString labelForScreen(std::string_view bytes);
+
+/// The bytes of a label after editing. Text that still reads as `original` does gives `original` back byte for byte;
+/// other text keeps the original's encoding where that has all the characters, else it becomes UTF-8.
+[[nodiscard]] std::string labelFromScreen(const QString& text, std::string_view original);
+
+} // namespace tarvelint

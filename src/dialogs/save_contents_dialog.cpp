@@ -1,0 +1,100 @@
+// SPDX-License-Identifier: MIT
+#include "dialogs/save_contents_dialog.h"
+
+#include "dialogs/file_dialogs.h"
+
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace tarvelint {
+
+namespace {
+
+QPushButton* addButton(QBoxLayout& row, const char* name, const char* caption)
+{
+    auto* button = new QPushButton(QString::fromLatin1(caption));
+    button->setObjectName(QString::fromLatin1(name));
+    button->setAccessibleName(button->text());
+    row.addWidget(button);
+    return button;
+}
+
+} // namespace
+
+SaveContentsDialog::SaveContentsDialog(SaveContents& contents, QWidget* parent) : QDialog(parent), m_contents(contents)
+{
+    setObjectName(QStringLiteral("FileTypeFrm"));
+    setWindowTitle(QStringLiteral("Save:"));
+
+    auto* frame = new QGroupBox(QStringLiteral("File contents"));
+    frame->setObjectName(QStringLiteral("contentsFrame"));
+    frame->setAccessibleName(frame->title());
+    auto* layers = new QVBoxLayout(frame);
+    layers->addWidget(addBox("inCheck", "unconverted data", &SaveContents::inCheck));
+    layers->addWidget(addBox("baseCheck", "baseline data", &SaveContents::baseCheck));
+    layers->addWidget(addBox("outCheck", "converted data", &SaveContents::outCheck));
+
+    auto* header = addBox("headerCheck", "Include a header line (recommended)", &SaveContents::headerCheck);
+    header->setToolTip(QStringLiteral("The first line will describe the contents of the file and enable Tarvelint to "
+                                      "open the file correctly next time"));
+    auto* blank = addBox("blankCheck", "Replace missing values with dots", &SaveContents::blankCheck);
+
+    auto* buttons = new QHBoxLayout;
+    buttons->addStretch();
+    auto* cancel = addButton(*buttons, "CancelButton", "Cancel");
+    auto* ok = addButton(*buttons, "OKButton", "OK");
+    connect(ok, &QPushButton::clicked, this, &SaveContentsDialog::accept);
+    connect(cancel, &QPushButton::clicked, this, &SaveContentsDialog::reject);
+
+    auto* column = new QVBoxLayout(this);
+    column->setSpacing(column->spacing() + 4);
+    column->addWidget(frame);
+    column->addWidget(header);
+    column->addWidget(blank);
+    column->addSpacing(8);
+    column->addLayout(buttons);
+    column->setSizeConstraint(QLayout::SetFixedSize);
+    ok->setDefault(true); // once it is in the dialog: before, the first button would be the default
+    showContents();
+}
+
+QCheckBox* SaveContentsDialog::addBox(const char* name, const char* caption, bool SaveContents::*value)
+{
+    auto* box = new QCheckBox(QString::fromLatin1(caption));
+    box->setObjectName(QString::fromLatin1(name));
+    box->setAccessibleName(box->text());
+    connect(box, &QCheckBox::toggled, this, [this, value](bool checked) { m_contents.*value = checked; });
+    m_boxes.append({box, value});
+    return box;
+}
+
+void SaveContentsDialog::showContents()
+{
+    for (const Box& box : m_boxes) box.widget->setChecked(m_contents.*box.value);
+}
+
+void SaveContentsDialog::ask()
+{
+    if (isVisible()) return activateWindow();
+    m_contents.open();
+    showContents();
+    m_boxes.first().widget->setFocus();
+    static_cast<void>(showUntilHidden(*this));
+}
+
+void SaveContentsDialog::accept()
+{
+    m_contents.OKButton_Click();
+    QDialog::accept();
+}
+
+void SaveContentsDialog::reject()
+{
+    m_contents.CancelButton_Click();
+    QDialog::reject();
+}
+
+} // namespace tarvelint

@@ -1,0 +1,39 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "window/save_contents.h"
+
+#include <QDialog>
+
+class QCheckBox;
+
+namespace tarvelint {
+
+/// `FileTypeFrm`: which layers a save writes, and how. Its boxes show and set a window's `SaveContents`.
+class SaveContentsDialog : public QDialog {
+    Q_OBJECT
+
+public:
+    /// `contents` outlives every `ask`.
+    explicit SaveContentsDialog(SaveContents& contents, QWidget* parent = nullptr);
+
+    /// Shows the dialog over its window and returns when it is hidden; the answer stands in `SaveContents::result`,
+    /// "Cancel" unless it was left by its OK button. The dialog may be gone on return when its window went.
+    void ask();
+
+    void accept() override;
+    void reject() override;
+
+private:
+    [[nodiscard]] QCheckBox* addBox(const char* name, const char* caption, bool SaveContents::*value);
+    void showContents();
+
+    SaveContents& m_contents;
+    struct Box {
+        QCheckBox* widget;
+        bool SaveContents::*value;
+    };
+    QList<Box> m_boxes;
+};
+
+} // namespace tarvelint

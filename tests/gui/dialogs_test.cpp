@@ -1,0 +1,397 @@
+// SPDX-License-Identifier: MIT
+#include "app/qt/frm_splash.h"
+#include "dialogs/file_dialogs.h"
+#include "dialogs/save_contents_dialog.h"
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFile>
+#include <QFileDialog>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMessageBox>
+#include <QPushButton>
+#include <QRegularExpression>
+#include <QSignalSpy>
+#include <QTemporaryDir>
+#include <QTest>
+#include <QTimer>
+
+#include <functional>
+#include <memory>
+#include <sstream>
+
+namespace tarvelint::test {
+
+namespace {
+
+/// Plays the user once a child of `parent` is on the screen.
+template <class Widget>
+void whenShown(QWidget& parent, const char* name, std::function<void(Widget&)> play)
+{
+    auto* timer = new QTimer(&parent);
+    timer->setInterval(5);
+    QObject::connect(timer, &QTimer::timeout, timer, [&parent, timer, name, play] {
+        auto* widget = parent.findChild<Widget*>(QString::fromLatin1(name));
+        if (widget == nullptr || !widget->isVisible()) return;
+        timer->stop();
+        play(*widget);
+    });
+    timer->start();
+}
+
+void click(QWidget& dialog, const char* button)
+{
+    QTest::mouseClick(dialog.findChild<QPushButton*>(QString::fromLatin1(button)), Qt::LeftButton);
+}
+
+FileDialog openDialog(FileType selected = FileType::space, const char* title = "Open")
+{
+    return {title,
+            {{"Space Delimited (*.asc)", "*.asc"},
+             {"Tab delimited (*.txt)", "*.txt"},
+             {"Comma Delimited (*.csv), (*.dat)", "*.csv *.dat"}},
+            selected};
+}
+
+void writeFile(const QString& path)
+{
+    QFile file(path);
+    QVERIFY(file.open(QIODevice::WriteOnly));
+    file.write("1,2\n");
+}
+
+void typeName(QFileDialog& box, const QString& name)
+{
+    box.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(name);
+    QMetaObject::invokeMethod(&box, "accept", Qt::QueuedConnection);
+}
+
+QCheckBox& box(QWidget& dialog, const char* name)
+{
+    return *dialog.findChild<QCheckBox*>(QString::fromLatin1(name));
+}
+
+constexpr const char* kSaveBoxes[] = {"inCheck", "baseCheck", "outCheck", "headerCheck", "blankCheck"};
+
+/// The string table with an organisation's texts.
+StringTable tableWith(const char* lines)
+{
+    StringTable table;
+    std::istringstream stream(lines);
+    table.addTexts(stream);
+    return table;
+}
+
+QString shown(const FrmSplash& splash, const char* label)
+{
+    return splash.findChild<QLabel*>(QString::fromLatin1(label))->text();
+}
+
+bool takesRoom(const FrmSplash& splash, const char* label)
+{
+    return !splash.findChild<QLabel*>(QString::fromLatin1(label))->isHidden();
+}
+
+} // namespace
+
+class DialogsTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral(".*"))); }
+
+    // Save contents
+
+    void theSaveDialogReadsAsGiven()
+    {
+        SaveContents contents;
+        SaveContentsDialog dialog(contents);
+        QCOMPARE(dialog.windowTitle(), QStringLiteral("Save:"));
+        QCOMPARE(dialog.findChild<QGroupBox*>()->title(), QStringLiteral("File contents"));
+        QCOMPARE(box(dialog, "inCheck").text(), QStringLiteral("unconverted data"));
+        QCOMPARE(box(dialog, "baseCheck").text(), QStringLiteral("baseline data"));
+        QCOMPARE(box(dialog, "outCheck").text(), QStringLiteral("converted data"));
+        QCOMPARE(box(dialog, "headerCheck").text(), QStringLiteral("Include a header line (recommended)"));
+        QCOMPARE(
+            box(dialog, "headerCheck").toolTip(),
+            QStringLiteral("The first line will describe the contents of the file and enable Tarvelint to open the "
+                           "file correctly next time"));
+        QCOMPARE(box(dialog, "blankCheck").text(), QStringLiteral("Replace missing values with dots"));
+        for (const char* name : kSaveBoxes) QVERIFY(box(dialog, name).isChecked());
+    }
+
+    void theResultIsHowTheSaveDialogWasLeft_data()
+    {
+        QTest::addColumn<QString>("way");
+        QTest::addColumn<QString>("result");
+        const auto row = [](const char* way, const char* result) {
+            QTest::newRow(way) << QString::fromLatin1(way) << QString::fromLatin1(result);
+        };
+        row("OKButton", "OK");
+        row("CancelButton", "Cancel");
+        row("Esc", "Cancel");
+        row("frame", "Cancel");
+        row("hidden by its window", "Cancel");
+    }
+    void theResultIsHowTheSaveDialogWasLeft()
+    {
+        QFETCH(const QString, way);
+        QWidget parent;
+        parent.show();
+        SaveContents contents;
+        contents.result = "OK"; // of an earlier save
+        SaveContentsDialog dialog(contents, &parent);
+        whenShown<QDialog>(parent, "FileTypeFrm", [&](QDialog& shownDialog) {
+            QCOMPARE(contents.result, std::string("Cancel"));
+            QCOMPARE(shownDialog.windowModality(), Qt::WindowModal);
+            if (way.endsWith(QStringLiteral("Button"))) click(shownDialog, way.toLatin1().constData());
+            if (way == QStringLiteral("Esc")) QTest::keyClick(&shownDialog, Qt::Key_Escape);
+            if (way == QStringLiteral("frame")) shownDialog.close();
+            if (way.startsWith(QStringLiteral("hidden"))) shownDialog.hide();
+        });
+        dialog.ask();
+        QVERIFY(!dialog.isVisible());
+        QTEST(QString::fromStdString(contents.result), "result");
+    }
+
+    void eachSaveBoxKeepsItsStateBetweenSaves_data()
+    {
+        QTest::addColumn<QString>("name");
+        for (const char* name : kSaveBoxes) QTest::newRow(name) << QString::fromLatin1(name);
+    }
+    void eachSaveBoxKeepsItsStateBetweenSaves()
+    {
+        QFETCH(const QString, name);
+        const QByteArray cleared = name.toLatin1();
+        QWidget parent;
+        SaveContents contents;
+        SaveContentsDialog dialog(contents, &parent);
+        whenShown<QDialog>(parent, "FileTypeFrm", [&](QDialog& shownDialog) {
+            QTest::keyClick(&box(shownDialog, cleared), Qt::Key_Space);
+            click(shownDialog, "OKButton");
+        });
+        dialog.ask();
+        whenShown<QDialog>(parent, "FileTypeFrm", [&](QDialog& shownDialog) {
+            for (const char* other : kSaveBoxes) QCOMPARE(box(shownDialog, other).isChecked(), cleared != other);
+            click(shownDialog, "CancelButton");
+        });
+        dialog.ask();
+        const bool values[] = {contents.inCheck, contents.baseCheck, contents.outCheck, contents.headerCheck,
+                               contents.blankCheck};
+        for (std::size_t i = 0; i < 5; ++i) QCOMPARE(values[i], cleared != kSaveBoxes[i]);
+    }
+
+    void theSaveQuestionEndsWithItsWindow()
+    {
+        auto parent = std::make_unique<QWidget>();
+        SaveContents contents;
+        auto* dialog = new SaveContentsDialog(contents, parent.get());
+        QTimer::singleShot(20, this, [&] { parent.reset(); });
+        dialog->ask();
+        QVERIFY(parent == nullptr);
+        QCOMPARE(contents.result, std::string("Cancel"));
+    }
+
+    // File dialogs
+
+    void theFilterTextsAreShownAsGiven()
+    {
+        QWidget parent;
+        QStringList texts;
+        whenShown<QFileDialog>(parent, "fileDialog", [&](QFileDialog& dialog) {
+            const auto* combo = dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"));
+            for (int i = 0; i < combo->count(); ++i) texts += combo->itemText(i).trimmed();
+            QCOMPARE(combo->currentIndex(), 1);
+            QCOMPARE(dialog.windowTitle(), QStringLiteral("Open"));
+            dialog.reject();
+        });
+        QVERIFY(!askForFile(&parent, openDialog(FileType::tab), false));
+        const QStringList given{QStringLiteral("Space Delimited (*.asc)"), QStringLiteral("Tab delimited (*.txt)"),
+                                QStringLiteral("Comma Delimited (*.csv), (*.dat)")};
+        QCOMPARE(texts, given);
+    }
+
+    void theTypeFollowsThePickedFilterNotTheName()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(QStringLiteral("data.csv"));
+        writeFile(path);
+        QWidget parent;
+        whenShown<QFileDialog>(parent, "fileDialog", [&](QFileDialog& dialog) { typeName(dialog, path); });
+        const auto chosen = askForFile(&parent, openDialog(FileType::tab), false);
+        QVERIFY(chosen);
+        QCOMPARE(chosen->path, path.toStdString());
+        QCOMPARE(chosen->type, FileType::tab);
+    }
+
+    void pickingAnotherFilterChangesTheType()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(QStringLiteral("data.csv"));
+        writeFile(path);
+        QWidget parent;
+        whenShown<QFileDialog>(parent, "fileDialog", [&](QFileDialog& dialog) {
+            dialog.findChild<QComboBox*>(QStringLiteral("fileTypeCombo"))->setCurrentIndex(2);
+            typeName(dialog, path);
+        });
+        const auto chosen = askForFile(&parent, openDialog(), false);
+        QVERIFY(chosen);
+        QCOMPARE(chosen->type, FileType::comma);
+    }
+
+    void theNextDialogStartsInTheFolderLastUsed()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(QStringLiteral("data.asc"));
+        writeFile(path);
+        QWidget parent;
+        whenShown<QFileDialog>(parent, "fileDialog", [&](QFileDialog& dialog) { typeName(dialog, path); });
+        QVERIFY(askForFile(&parent, openDialog(), false));
+        QString start;
+        whenShown<QFileDialog>(parent, "fileDialog", [&](QFileDialog& dialog) {
+            start = dialog.directory().absolutePath();
+            QCOMPARE(dialog.windowTitle(), QStringLiteral("Save As:"));
+            dialog.reject();
+        });
+        QVERIFY(!askForFile(&parent, openDialog(FileType::space, "Save As:"), true));
+        QCOMPARE(start, folder.path());
+    }
+
+    void openingRefusesAFileThatDoesNotExist()
+    {
+        const QTemporaryDir folder;
+        QWidget parent;
+        bool refused = false;
+        whenShown<QFileDialog>(parent, "fileDialog", [&](QFileDialog& dialog) {
+            QTimer::singleShot(50, &dialog, [&] {
+                auto* message = dialog.findChild<QMessageBox*>();
+                refused = message != nullptr && dialog.isVisible();
+                if (message != nullptr) message->accept();
+                QTimer::singleShot(0, &dialog, &QDialog::reject);
+            });
+            typeName(dialog, folder.filePath(QStringLiteral("none.asc")));
+        });
+        QVERIFY(!askForFile(&parent, openDialog(), false));
+        QVERIFY(refused);
+    }
+
+    void savingAsksBeforeAnExistingFileIsReplaced()
+    {
+        const QTemporaryDir folder;
+        const QString path = folder.filePath(QStringLiteral("data.asc"));
+        writeFile(path);
+        QWidget parent;
+        bool asked = false;
+        whenShown<QFileDialog>(parent, "fileDialog", [&](QFileDialog& dialog) {
+            QTimer::singleShot(50, &dialog, [&] {
+                auto* question = dialog.findChild<QMessageBox*>();
+                asked = question != nullptr;
+                if (asked) question->button(QMessageBox::Yes)->click();
+            });
+            typeName(dialog, path);
+        });
+        const auto chosen = askForFile(&parent, openDialog(), true);
+        QVERIFY(asked && chosen);
+        QCOMPARE(chosen->path, path.toStdString());
+    }
+
+    void theFileDialogEndsWithItsWindow()
+    {
+        auto parent = std::make_unique<QWidget>();
+        QTimer::singleShot(50, this, [&] { parent.reset(); });
+        QVERIFY(!askForFile(parent.get(), openDialog(), false));
+        QVERIFY(parent == nullptr);
+    }
+
+    // Splash and about box
+
+    void theSplashShowsTitleVersionAndTheOrganisationsTexts()
+    {
+        const FrmSplash splash(
+            tableWith("1042=credit\n1043=people\n1046=a@example.org\\nb@example.org\n1047=group\n1049=fair\n"),
+            QStringLiteral("1.2.3"));
+        QCOMPARE(shown(splash, "lblProductName"), QStringLiteral("Tarvelint"));
+        QCOMPARE(shown(splash, "lblVersion"), QStringLiteral("Version 1.2.3"));
+        QCOMPARE(shown(splash, "lblCompanyProduct"), QStringLiteral("group"));
+        QCOMPARE(shown(splash, "lblCredit"), QStringLiteral("credit"));
+        QCOMPARE(shown(splash, "lblDevelopers"), QStringLiteral("people"));
+        QCOMPARE(shown(splash, "lblFairUse"), QStringLiteral("Fair Use Policy:"));
+        QCOMPARE(shown(splash, "lblWarning"), QStringLiteral("fair"));
+        QCOMPARE(shown(splash, "lblContactsHeading"), QStringLiteral("Contacts:"));
+        QCOMPARE(shown(splash, "lblContacts"), QStringLiteral("a@example.org\nb@example.org"));
+        QCOMPARE(splash.findChild<QPushButton*>(QStringLiteral("Command1"))->text(), QStringLiteral("OK"));
+        QVERIFY(splash.findChild<QFrame*>(QStringLiteral("fraMainFrame")) != nullptr);
+    }
+
+    void textsThatAreLeftOutTakeNoRoomNorDoTheirHeadings()
+    {
+        const FrmSplash splash(tableWith("1049=fair\n"), QStringLiteral("1.2.3"));
+        QVERIFY(takesRoom(splash, "lblFairUse") && takesRoom(splash, "lblWarning"));
+        QVERIFY(!takesRoom(splash, "lblContacts") && !takesRoom(splash, "lblContactsHeading"));
+        QVERIFY(!takesRoom(splash, "lblCompanyProduct"));
+    }
+
+    void noTextOfTheSplashIsCutOff()
+    {
+        std::string words;
+        for (int i = 0; i < 150; ++i) words += "word ";
+        const std::string longText = "1049=" + words + "\\nand a line\n";
+        FrmSplash splash(tableWith(longText.c_str()), QStringLiteral("1.2.3"));
+        splash.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&splash));
+        for (const auto* label : splash.findChildren<QLabel*>())
+            if (label->isVisible()) QVERIFY(label->height() >= label->heightForWidth(label->width()));
+    }
+
+    void theTagIsEmptyAtStartUp()
+    {
+        const FrmSplash splash(StringTable{}, QStringLiteral("1.2.3"));
+        QCOMPARE(splash.tagText, QString());
+    }
+
+    void buttonFrameAndEscDismissTheSplashOnce_data()
+    {
+        QTest::addColumn<QString>("way");
+        for (const char* way : {"button", "Esc", "frame"}) QTest::newRow(way) << QString::fromLatin1(way);
+    }
+    void buttonFrameAndEscDismissTheSplashOnce()
+    {
+        QFETCH(const QString, way);
+        FrmSplash splash(StringTable{}, QStringLiteral("1.2.3"));
+        const QSignalSpy dismissed(&splash, &FrmSplash::dismissed);
+        splash.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&splash));
+        if (way == QStringLiteral("button")) click(splash, "Command1");
+        if (way == QStringLiteral("Esc")) QTest::keyClick(&splash, Qt::Key_Escape);
+        if (way == QStringLiteral("frame")) splash.close();
+        QVERIFY(!splash.isVisible());
+        QCOMPARE(dismissed.count(), 1);
+    }
+
+    void theProgramBringsTextsForEveryAboutNumberAndAnIconInEverySize()
+    {
+        useProgramResources();
+        QFile file(QStringLiteral(":/about_texts.txt"));
+        QVERIFY(file.open(QIODevice::ReadOnly));
+        const StringTable table = tableWith(file.readAll().constData());
+        for (const int number : {1042, 1043, 1046, 1047, 1049}) QVERIFY(!table.find(number).value_or("").empty());
+        for (const int size : {16, 24, 32, 48, 64, 128, 256})
+            QVERIFY(programIcon().availableSizes().contains(QSize(size, size)));
+    }
+};
+
+} // namespace tarvelint::test
+
+int main(int argc, char** argv)
+{
+    // The toolkit's file dialog remembers its history; that of the person who runs the tests stays as it is.
+    const QTemporaryDir home;
+    qputenv("XDG_CONFIG_HOME", home.path().toLocal8Bit());
+    const QApplication application(argc, argv);
+    tarvelint::test::DialogsTest test;
+    return QTest::qExec(&test, argc, argv);
+}
+
+#include "dialogs_test.moc"

@@ -1,0 +1,173 @@
+// SPDX-License-Identifier: MIT
+#include "app/qt/frm_splash.h"
+#include "app/qt/start_up.h"
+#include "desk.h"
+
+#include <QDir>
+#include <QFile>
+#include <QRegularExpression>
+#include <QSettings>
+#include <QSignalSpy>
+
+#include <cmath>
+
+namespace tarvelint::test {
+
+namespace {
+
+constexpr int kS1 = 5; // 0-based column of the first sensor: Day, Time, PAR, VPD and Tair come before it
+
+} // namespace
+
+class WindowLifeTest : public QObject {
+    Q_OBJECT
+
+private Q_SLOTS:
+    void init() { QTest::failOnWarning(QRegularExpression(QStringLiteral(".*"))); }
+
+    void aWindowWithUnsavedDataAsksBeforeItCloses()
+    {
+        Desk desk;
+        desk.openSample();
+        desk.answer(QMessageBox::Cancel);
+        QVERIFY(!desk.form->close());
+        QCOMPARE(desk.title, QStringLiteral("Close window:"));
+        QVERIFY(desk.form->isVisible());
+        QVERIFY(!desk.core().haveLabelForm()); // its dialogs go even so
+
+        desk.onBox([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
+        QVERIFY(!desk.form->close());
+        QSignalSpy gone(&desk.windows, &WindowList::lastClosed);
+        desk.answer(QMessageBox::No);
+        desk.entry("mnuFileClose")->trigger();
+        QTRY_COMPARE(gone.count(), 1);
+        QTRY_VERIFY(!desk.form);
+        QVERIFY(desk.settings.values.contains("MainLeft"));
+    }
+
+    void aBusyWindowClosesOnceItsCommandHasEnded()
+    {
+        Desk desk;
+        bool closedMeanwhile = true;
+        desk.form->askForFile = [&](QWidget*, const FileDialog&, bool) -> std::optional<ChosenFile> {
+            closedMeanwhile = desk.form->close();
+            desk.entry("mnuFileOpen")->trigger(); // dropped: the window is busy
+            return {};
+        };
+        desk.entry("mnuFileOpen")->trigger();
+        QVERIFY(!closedMeanwhile);
+        QTRY_VERIFY(!desk.form);
+    }
+
+    void newWindowsHaveTitlesOfTheirOwnAndExitClosesThemAll()
+    {
+        Desk desk;
+        desk.entry("mnuFileNew")->trigger();
+        desk.entry("mnuFileNew")->trigger();
+        const auto windows = desk.windows.mainWindows();
+        QCOMPARE(windows.size(), std::size_t{3});
+        QCOMPARE(windows[1]->windowTitle(), QStringLiteral("Tarvelint 1"));
+        QCOMPARE(windows[2]->windowTitle(), QStringLiteral("Tarvelint 2"));
+        QSignalSpy gone(&desk.windows, &WindowList::lastClosed);
+        windows[1]->findChild<QAction*>(QStringLiteral("mnuFileExit"))->trigger();
+        QTRY_COMPARE(gone.count(), 1);
+    }
+
+    void exitCancelsTheQuestionOfAnotherWindow()
+    {
+        Desk desk;
+        desk.openSample();
+        desk.entry("mnuFileNew")->trigger();
+        FrmMain* other = desk.windows.mainWindows().back();
+        QSignalSpy gone(&desk.windows, &WindowList::lastClosed);
+        desk.onBox([&](QMessageBox& box) {
+            other->findChild<QAction*>(QStringLiteral("mnuFileExit"))->trigger();
+            QVERIFY(!box.isVisible());
+            desk.answer(QMessageBox::No); // the window goes once its first close has unwound, and asks then
+        });
+        QVERIFY(!desk.form->close());
+        QTRY_COMPARE(gone.count(), 1);
+        QTRY_VERIFY(!desk.form);
+    }
+
+    void aWindowPlacedOffEveryScreenComesOntoOne()
+    {
+        Desk desk(false);
+        desk.form->setGeometry(Geometry{300000, 300000, 9000, 9000});
+        const Geometry place = desk.form->geometry();
+        QCOMPARE(place,
+                 (Geometry{(1600 - 600) * 15, (1200 - 600) * 15, 9000, 9000})); // the screen has 1600 x 1200 pixels
+    }
+
+    void whatIsSavedCanBeOpenedAgain()
+    {
+        Desk desk;
+        desk.openSample();
+        const double flux = desk.core().data.values(kConverted, kS1, 700);
+        const QString path = desk.folder.filePath(QStringLiteral("flux.csv"));
+        desk.chooseFile(path.toStdString());
+        QTimer::singleShot(0, desk.form, [&] {
+            QTest::mouseClick(desk.find("FileTypeFrm")->findChild<QPushButton*>(QStringLiteral("OKButton")),
+                              Qt::LeftButton);
+        });
+        desk.entry("mnuFileSave")->trigger();
+        QVERIFY(QFile::exists(path));
+        QVERIFY(desk.core().data.saveCheck);
+        QVERIFY(desk.form->windowTitle().endsWith(path));
+        desk.open(path.toStdString());
+        QVERIFY(desk.core().data.saveCheck);
+        QVERIFY(std::abs(desk.core().data.values(kConverted, kS1, 700) - flux) < 1e-9);
+    }
+
+    void theAboutBoxShowsNoSecondWindow()
+    {
+        Desk desk;
+        desk.entry("mnuHelpAbout")->trigger();
+        auto* about = desk.form->findChild<FrmSplash*>();
+        QVERIFY(about && about->isVisible());
+        QCOMPARE(about->tagText, QStringLiteral("1"));
+        about->close();
+        QTRY_VERIFY(desk.form->findChildren<FrmSplash*>().isEmpty());
+        QCOMPARE(desk.windows.mainWindows().size(), std::size_t{1});
+    }
+
+    void aSettingsFileThatCannotBeReadIsToldOnce()
+    {
+        const QTemporaryDir home;
+        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, home.path());
+        QVERIFY(QDir(home.path()).mkpath(QStringLiteral("Tarvelint/Tarvelint.ini"))); // a folder where the file belongs
+        StartUp startUp;
+        startUp.Main();
+        FrmMain* first = startUp.windows().mainWindows().front();
+        QString said;
+        QTimer watch;
+        connect(&watch, &QTimer::timeout, first, [&] {
+            auto* box = first->findChild<QMessageBox*>(QStringLiteral("messageBox"));
+            if (!box) return;
+            said = box->text();
+            box->accept();
+        });
+        watch.start(5);
+        startUp.showMainForm();
+        QVERIFY2(said.contains(QStringLiteral("Tarvelint.ini")), qPrintable(said));
+    }
+
+    void theFirstWindowWaitsForTheSplash()
+    {
+        const QTemporaryDir home;
+        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, home.path());
+        StartUp startUp;
+        startUp.Main();
+        FrmMain* first = startUp.windows().mainWindows().front();
+        QVERIFY(!first->isVisible());
+        QCOMPARE(first->windowTitle(), QStringLiteral("Tarvelint"));
+        for (QWidget* top : QApplication::topLevelWidgets())
+            if (auto* splash = qobject_cast<FrmSplash*>(top)) splash->close();
+        QVERIFY(first->isVisible());
+    }
+};
+
+} // namespace tarvelint::test
+
+QTEST_MAIN(tarvelint::test::WindowLifeTest)
+#include "window_life_test.moc"
