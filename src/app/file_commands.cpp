@@ -145,7 +145,8 @@ FileCommands::Loaded FileCommands::readRecord(const ChosenFile& file)
     try {
         stream = m_window.env.files.openForReading(file.path);
     } catch (const FileFailure& failure) {
-        throw FormatFault("The file " + file.path + " cannot be opened: " + failure.what() + ".",
+        throw FormatFault("The file " + file.path + " cannot be opened: " + failure.what() +
+                              ". Check its name and permissions, or choose another file.",
                           "Error reading file:");
     }
     DataSet fresh = settingsOf(m_window.data);

@@ -122,11 +122,13 @@ void ZeroFlow::preProcess()
 void ZeroFlow::getBase()
 {
     m_window.setStatus(1, "Determining baseline points...");
+    m_window.ui.paintStatus();
     m_window.sensors = std::max(m_window.sensors, 0);
     m_window.basePoints.allocate(m_window.sensors, m_window.data.lines);
     listSensorColumns();
     for (std::int32_t i = 0; i < m_window.sensors; ++i) placePoints(i);
     m_window.setStatus(1, "Converting all data...");
+    m_window.ui.paintStatus();
     convertBetweenPoints();
     m_window.markChanged();
 }
@@ -191,7 +193,7 @@ void ZeroFlow::baseButton_Click()
 {
     const std::int32_t column = m_window.curCol;
     if (!m_window.data.hasColumn(column) || m_window.data.lines == 0) return;
-    // The block length was once meant to follow this setting; reading it is all that happens.
+    // The setting is read and left at that: a block is 48 rows whatever the time column.
     static_cast<void>(m_window.env.settings.readSetting("Time", "2"));
     m_window.selStart = 0;
     m_window.selEnd = m_window.data.lines - 1;

@@ -13,8 +13,9 @@ class ZeroFlow {
 public:
     explicit ZeroFlow(Window& window) : m_window(window) {}
 
-    /// Sets `lullFlags` on the rows of lulls of at least `lullTime` rows; never clears one. VPD and PAR come from the
-    /// columns `vpdCol` and `parCol` (0-based) of the readings; when either does not exist no row is flagged.
+    /// Sets `lullFlags` on the rows of a lull from the `lullTime`-th after its first row on; never clears one. VPD and
+    /// PAR come from the columns `vpdCol` and `parCol` (0-based) of the readings; when either does not exist no row is
+    /// flagged.
     void preProcess();
 
     /// Discards all baseline points, places one at the highest reading of each lull in every sensor column, and

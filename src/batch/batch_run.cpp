@@ -7,6 +7,7 @@
 #include "data/numbers.h"
 
 #include <new>
+#include <utility>
 
 namespace tarvelint {
 
@@ -63,21 +64,38 @@ void save(MainWindow& window, const BatchOptions& options)
     }
 }
 
-void summarise(const MainWindow& window, std::ostream& out)
+/// What was done to one sensor. Rows are converted between its first and its last point only.
+struct SensorCount {
+    std::int64_t points = 0;
+    std::int64_t converted = 0;
+    std::int64_t missing = 0;
+};
+
+SensorCount countRows(const MainWindow& window, std::int32_t sensor, std::int32_t column)
 {
     const DataSet& data = window.data;
+    SensorCount count;
+    std::int64_t sinceLastPoint = 0;
+    for (std::int32_t row = 0; row < data.lines; ++row) {
+        const bool isMissing = data.isBlank(data.values(kUnconverted, column, row));
+        count.missing += isMissing ? 1 : 0;
+        if (count.points > 0 && !isMissing && !data.isBlank(data.values(kConverted, column, row))) ++sinceLastPoint;
+        if (!window.basePoints(sensor, row)) continue;
+        if (count.points++ == 0)
+            sinceLastPoint = data.isBlank(data.values(kConverted, column, row)) ? 0 : 1;
+        else
+            count.converted += std::exchange(sinceLastPoint, 0);
+    }
+    return count;
+}
+
+void summarise(const MainWindow& window, std::ostream& out)
+{
     for (std::int32_t sensor = 0; sensor < window.sensors; ++sensor) {
         const std::int32_t column = window.sensorCols[static_cast<std::size_t>(sensor)] - 1;
-        std::int64_t points = 0;
-        std::int64_t converted = 0;
-        std::int64_t missing = 0;
-        for (std::int32_t row = 0; row < data.lines; ++row) {
-            points += window.basePoints(sensor, row) ? 1 : 0;
-            converted += data.isBlank(data.values(kConverted, column, row)) ? 0 : 1;
-            missing += data.isBlank(data.values(kUnconverted, column, row)) ? 1 : 0;
-        }
-        out << data.labels[static_cast<std::size_t>(column)] << ": " << plainText(points) << " points, "
-            << plainText(converted) << " rows converted, " << plainText(missing) << " rows missing\n";
+        const SensorCount count = countRows(window, sensor, column);
+        out << window.data.labels[static_cast<std::size_t>(column)] << ": " << plainText(count.points) << " points, "
+            << plainText(count.converted) << " rows converted, " << plainText(count.missing) << " rows missing\n";
     }
 }
 
@@ -106,7 +124,10 @@ int runBatch(const BatchOptions& options, const Environment& environment, std::o
         reason = failure.what();
     }
     ui.endProgress();
-    err << "tarvelint-batch: " << reason << '\n';
+    // Some reasons are fixed texts that name no file; a loop over many files has to tell which one it was.
+    const bool namesFile =
+        reason.find(options.input) != std::string::npos || reason.find(options.output) != std::string::npos;
+    err << "tarvelint-batch: " << (namesFile ? "" : options.input + ": ") << reason << '\n';
     return kDataFault;
 }
 

@@ -47,6 +47,7 @@ public:
     void unloadColumnSetup() override {}
     void showSaveContents() override {}
     void unloadSaveContents() override {}
+    void paintStatus() override { letPendingEventsRun(); }
     void letPendingEventsRun() override;
     void unload() override {}
     [[nodiscard]] Geometry geometry() const override { return {}; }

@@ -34,8 +34,8 @@ std::size_t columnNumber(std::string_view text, std::size_t columns)
 void choose(std::string_view item, std::span<const std::string> labels, std::vector<bool>& chosen)
 {
     const auto dash = item.find('-');
-    const auto from = item.substr(0, dash);
-    const auto to = dash == std::string_view::npos ? from : item.substr(dash + 1);
+    const auto from = trimmed(item.substr(0, dash));
+    const auto to = dash == std::string_view::npos ? from : trimmed(item.substr(dash + 1));
     if (isWholeNumber(from) && isWholeNumber(to)) {
         const auto first = columnNumber(from, labels.size());
         const auto last = columnNumber(to, labels.size());

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cmath>
 #include <map>
 #include <string_view>
 
@@ -23,6 +24,10 @@ struct Raw {
     BatchOptions options;
     std::optional<FileType> inputType;
     std::optional<FileType> outputType;
+    // Numbers stay texts until numbers.h reads them: CLI11 would take "010" for octal.
+    std::string vpdColumn = "11";
+    std::string parColumn = "3";
+    std::string blank = "99999";
     std::string layers = "unconverted,baseline,converted";
     bool noHeader = false;
     bool noDots = false;
@@ -40,7 +45,7 @@ std::string checkLimit(const std::string& text)
     }
 }
 
-std::string checkRows(const std::string& text)
+std::string checkWhole(const std::string& text)
 {
     try {
         if (!isNumeric(text)) return "\"" + text + "\" is not a number";
@@ -49,6 +54,13 @@ std::string checkRows(const std::string& text)
     } catch (const NumericOverflow&) {
         return "\"" + text + "\" is too large";
     }
+}
+
+std::string checkColumn(const std::string& text)
+{
+    const double column = isNumeric(text) ? leadingNumber(text) : 0;
+    const bool isOne = column >= 1 && column <= 32767 && column == std::floor(column);
+    return isOne ? "" : "\"" + text + "\" is not a column number from 1 to 32767";
 }
 
 /// Switches the layers that a list such as "unconverted,converted" names, and no other, on; False when a name is
@@ -86,7 +98,8 @@ void addFiles(CLI::App& app, Raw& raw)
     app.add_option("--output-delimiter", raw.outputType, "space, tab or comma (default: by extension)")
         ->transform(CLI::Transformer(kDelimiters).description(""))
         ->type_name("NAME");
-    app.add_option("--blank", raw.options.blank, "Number that stands for a missing value")
+    app.add_option("--blank", raw.blank, "Number that stands for a missing value")
+        ->check(CLI::Validator(checkWhole, ""))
         ->type_name("N")
         ->capture_default_str();
 }
@@ -94,12 +107,12 @@ void addFiles(CLI::App& app, Raw& raw)
 void addZeroFlow(CLI::App& app, Raw& raw)
 {
     auto& options = raw.options;
-    const auto column = CLI::Range(1, 32767).description("");
-    app.add_option("--vpd-column", options.vpdColumn, "Column of vapour pressure deficit, from 1")
+    const CLI::Validator column(checkColumn, "");
+    app.add_option("--vpd-column", raw.vpdColumn, "Column of vapour pressure deficit, from 1")
         ->check(column)
         ->type_name("N")
         ->capture_default_str();
-    app.add_option("--par-column", options.parColumn, "Column of photosynthetically active radiation, from 1")
+    app.add_option("--par-column", raw.parColumn, "Column of photosynthetically active radiation, from 1")
         ->check(column)
         ->type_name("N")
         ->capture_default_str();
@@ -112,7 +125,7 @@ void addZeroFlow(CLI::App& app, Raw& raw)
         ->type_name("X")
         ->capture_default_str();
     app.add_option("--lull-time", options.lullTime, "Rows of calm and dark before zero flow is believed")
-        ->check(CLI::Validator(checkRows, ""))
+        ->check(CLI::Validator(checkWhole, ""))
         ->type_name("ROWS")
         ->capture_default_str();
     app.add_option("--parameters", options.parameters,
@@ -136,6 +149,9 @@ void addContents(CLI::App& app, Raw& raw)
 BatchOptions finished(Raw raw)
 {
     BatchOptions options = std::move(raw.options);
+    options.vpdColumn = roundToInt16(leadingNumber(raw.vpdColumn));
+    options.parColumn = roundToInt16(leadingNumber(raw.parColumn));
+    options.blank = roundToInt32(leadingNumber(raw.blank));
     options.inputType = raw.inputType.value_or(fileTypeOfExtension(options.input));
     options.outputType = raw.outputType.value_or(fileTypeOfExtension(options.output));
     chooseLayers(raw.layers, options.choices);

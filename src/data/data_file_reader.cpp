@@ -89,7 +89,8 @@ void DataFileReader::loadHeaderless(std::string_view firstLine)
 {
     m_data.columns = 0;
     readLabels(firstLine, m_delimiter);
-    if (m_data.columns == 0) throw fault("holds no data: its first line has no field.");
+    if (m_data.columns == 0)
+        throw fault("holds no data: its first line has no field. Choose the file that holds the readings.");
     m_hadLabelsLine = m_data.labelsAreText;
     if (!m_hadLabelsLine) numberColumns();
     m_data.lines = 0;
@@ -98,7 +99,7 @@ void DataFileReader::loadHeaderless(std::string_view firstLine)
 
 void DataFileReader::loadWithHeader(std::string_view firstLine)
 {
-    const FileHeader header = parseHeader(firstLine, m_delimiter);
+    const FileHeader header = parseNamed(firstLine);
     if (header.rows > lines().bytes())
         throw fault("is shorter than its header says: " + plainText(header.rows) +
                     " rows cannot stand in so small a file. Correct the number of rows in its first line.");
@@ -118,10 +119,22 @@ void DataFileReader::loadWithHeader(std::string_view firstLine)
     m_data.blank = m_missing;
 }
 
+FileHeader DataFileReader::parseNamed(std::string_view firstLine) const
+{
+    try {
+        return parseHeader(firstLine, m_delimiter);
+    } catch (const HeaderValueFault& unusable) {
+        throw FormatFault(m_name + ": " + unusable.what());
+    }
+}
+
 /// The line below the header: labels, or a first row whose delimiters give the number of columns.
 void DataFileReader::readHeaderLabels()
 {
-    const std::string_view line = lines().next().value_or(std::string_view{});
+    const auto below = lines().next();
+    if (!below)
+        throw fault("holds no data: there is no row below its header. Choose the file that holds the readings.");
+    const std::string_view line = *below;
     if (m_hadLabelsLine) {
         readLabels(line, m_delimiter);
         return;
@@ -192,7 +205,8 @@ void DataFileReader::readFile(int arrayDim, std::int64_t skipLines, bool fillBas
 void DataFileReader::countRows(std::int64_t skipLines)
 {
     const std::int64_t rows = lines().countLines() - skipLines;
-    if (rows < 1) throw fault("holds no data: there is no row below its labels.");
+    if (rows < 1)
+        throw fault("holds no data: there is no row below its labels. Choose the file that holds the readings.");
     if (rows > kMostRows)
         throw fault("has " + plainText(rows) + " rows, and 2,147,483,647 is the most. Split the file.");
     m_data.lines = static_cast<std::int32_t>(rows);

@@ -20,9 +20,9 @@ namespace tarvelint {
 /// it is unspecified and to be thrown away, so callers pass a fresh one and keep the old.
 class DataFileReader {
 public:
-    /// A grid of more cells than this (4 GB in three layers) must stand in some proportion to its file: a field takes
+    /// A grid of more cells than this (400 MB in three layers) must stand in some proportion to its file: a field takes
     /// two bytes as a rule, and lines that are cut short rarely lack nine fields in ten.
-    static constexpr std::int64_t kMaxSmallGrid = std::int64_t{1} << 27U;
+    static constexpr std::int64_t kMaxSmallGrid = std::int64_t{1} << 24U;
     static constexpr std::int64_t kMostCellsPerByte = 5;
 
     /// @param stream seekable; read from its start
@@ -60,6 +60,7 @@ public:
 private:
     void loadHeaderless(std::string_view firstLine);
     void loadWithHeader(std::string_view firstLine);
+    [[nodiscard]] FileHeader parseNamed(std::string_view firstLine) const;
     void readHeaderLabels();
     void numberColumns();
     void countRows(std::int64_t skipLines);

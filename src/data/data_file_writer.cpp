@@ -109,7 +109,7 @@ void writeDataFile(const DataSet& data, const SaveChoices& choices, char delimit
     const auto writeBlock = [&](bool chosen, Layer layer) {
         if (!chosen) return;
         writer.WriteToFile(layer);
-        buffer.append("\r\n");
+        if (layer != kConverted) buffer.append("\r\n"); // separates it from a next block
     };
     writeBlock(choices.unconverted, kUnconverted);
     writeBlock(choices.baseline, kBaseline);

@@ -68,9 +68,10 @@ Integer parseCount(const std::string& text, Integer (*round)(double), const std:
     } catch (const NumericOverflow&) {
         // Too large is reported like any other count that cannot be one.
     }
-    throw FormatFault("The " + what + " in the header, " + quoted(text) + ", is not a whole number from 1 to " + range +
-                      ". Correct the first line of the file in a text editor, or delete it to read the file "
-                      "as a plain table.");
+    throw HeaderValueFault("The " + what + " in the header, " + quoted(text) + ", is not a whole number from 1 to " +
+                           range +
+                           ". Correct the first line of the file in a text editor, or delete it to read the file "
+                           "as a plain table.");
 }
 
 std::int32_t parseBlank(std::string_view text)
@@ -80,9 +81,9 @@ std::int32_t parseBlank(std::string_view text)
     } catch (const NumericOverflow&) {
         // Falls through to the same message as a text that is no number.
     }
-    throw FormatFault("The missing value in the header, " + quoted(text) +
-                      ", is neither a dot nor a whole number of at most 32 bits. Correct it at the end of the "
-                      "file's first line in a text editor.");
+    throw HeaderValueFault("The missing value in the header, " + quoted(text) +
+                           ", is neither a dot nor a whole number of at most 32 bits. Correct it at the end of the "
+                           "file's first line in a text editor.");
 }
 
 } // namespace
@@ -178,8 +179,8 @@ std::string composeHeader(const SaveChoices& choices, char delimiter, std::int16
     header += plainText(lines) + " rows each" + delimiter;
     header += choices.labels ? "with labels" : "without labels";
     header += delimiter;
-    // Without dots the number goes out unquoted and grouped. parseHeader refuses that form: long-standing
-    // files look like this, and other programs that read them expect it.
+    // Without dots the number goes out unquoted and in the system's grouping, for people and other programs.
+    // parseHeader refuses that form: grouped by a sign nobody knows, it could be read back wrong.
     header += choices.dots ? "blank='.'" : "blank=" + groupedText(blank, grouping);
     return header;
 }

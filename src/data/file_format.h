@@ -45,6 +45,12 @@ private:
     std::string m_title;
 };
 
+/// A count or missing value of a header that cannot be used; the text does not name the file.
+class HeaderValueFault : public FormatFault {
+public:
+    using FormatFault::FormatFault;
+};
+
 /// What a header line says.
 struct FileHeader {
     int layerCode = 0; ///< unconverted 4, baseline 2, converted 1, summed

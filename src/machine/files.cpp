@@ -8,6 +8,8 @@
 #include <fstream>
 #include <system_error>
 
+#include <unistd.h>
+
 namespace tarvelint {
 
 namespace {
@@ -32,7 +34,7 @@ public:
         if (target.isDir()) throw systemFailure(EISDIR);
         if (target.exists() && !target.isFile())
             throw FileFailure(FileFailure::Kind::other, path + " is not a regular file");
-        if (target.exists() && !target.isWritable()) throw systemFailure(EACCES);
+        if (target.exists() && access(path.c_str(), W_OK) != 0) throw systemFailure(errno);
         errno = 0;
         if (!m_file.open(QIODevice::WriteOnly)) throw currentFailure();
     }
@@ -61,7 +63,10 @@ private:
 
 std::unique_ptr<std::istream> DiskFiles::openForReading(const std::string& path)
 {
-    if (QFileInfo(QString::fromStdString(path)).isDir()) throw systemFailure(EISDIR);
+    const QFileInfo source(QString::fromStdString(path));
+    if (source.isDir()) throw systemFailure(EISDIR);
+    // A pipe or a device may never end, or wait for ever before it begins.
+    if (source.exists() && !source.isFile()) throw FileFailure(FileFailure::Kind::other, "It is not a regular file");
     errno = 0;
     auto stream = std::make_unique<std::ifstream>(path, std::ios::binary);
     if (!*stream) throw systemFailure(errno != 0 ? errno : EIO);

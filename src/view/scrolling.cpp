@@ -4,7 +4,6 @@
 #include "data/numbers.h"
 
 #include <algorithm>
-#include <optional>
 
 namespace tarvelint {
 
@@ -24,12 +23,13 @@ ScrollRange scrollRange(float width, std::int16_t zoomFactor, std::int32_t lines
     return range;
 }
 
-std::optional<ScrollRange> rangeIn16Bits(float width, std::int16_t zoomFactor, std::int32_t lines)
+bool fits16Bits(float width, std::int16_t zoomFactor, std::int32_t lines)
 {
     try {
-        return scrollRange16(width, zoomFactor, lines);
+        static_cast<void>(scrollRange16(width, zoomFactor, lines));
+        return true;
     } catch (const NumericOverflow&) {
-        return std::nullopt;
+        return false;
     }
 }
 
@@ -64,12 +64,9 @@ void Scrolling::scrollsetLong()
 void Scrolling::fitScrollBar()
 {
     // Only the range is tried: an overflow in what the new range sets off is not a long record.
-    const auto range = rangeIn16Bits(width(), m_window.zoomFactor, m_window.data.lines);
-    m_window.setLongRecord(!range);
-    if (range)
-        apply(*range);
-    else
-        scrollsetLong();
+    const bool isLong = !fits16Bits(width(), m_window.zoomFactor, m_window.data.lines);
+    m_window.setLongRecord(isLong);
+    isLong ? scrollsetLong() : scrollset();
 }
 
 void Scrolling::apply(const ScrollRange& range)

@@ -21,10 +21,13 @@ void ColumnSetup::Form_Load()
              .PARlBox = settings.parLimit,
              .timeBox = settings.lullTime};
     m_applied = boxes;
+    m_isShown = true;
 }
 
 void ColumnSetup::Form_Show()
 {
+    if (m_isShown) return;
+    m_isShown = true;
     takeLabels();
     boxes = m_applied;
 }
@@ -70,7 +73,7 @@ void ColumnSetup::OKButton_Click()
         applyPreProcess(parameters);
     else
         applyManual();
-    m_parentForm.ui.hideColumnSetup();
+    hide();
     m_parentForm.showMode();
     m_parentForm.varList_Change(0); // now with the sensor ordinal of the column on view
 }
@@ -83,6 +86,12 @@ bool ColumnSetup::savesLabels() const
 void ColumnSetup::CancelButton_Click()
 {
     boxes = m_applied;
+    hide();
+}
+
+void ColumnSetup::hide()
+{
+    m_isShown = false;
     m_parentForm.ui.hideColumnSetup();
 }
 
@@ -96,7 +105,8 @@ std::int16_t ColumnSetup::columnNumber(const std::string& text, const char* what
     const double number = leadingNumber(text) - 1;
     const auto fault = [&] {
         return CommandFailure(std::string("The ") + what + " column \"" + text + "\" does not exist: the file has " +
-                              plainText(m_parentForm.data.columns) + " columns. Type a number from 1 to " +
+                              plainText(m_parentForm.data.columns) +
+                              (m_parentForm.data.columns == 1 ? " column" : " columns") + ". Type a number from 1 to " +
                               plainText(m_parentForm.data.columns) + ".");
     };
     try {
@@ -112,7 +122,8 @@ namespace {
 
 CommandFailure unusableNumber(const char* what, const std::string& text)
 {
-    return CommandFailure(std::string("The ") + what + " \"" + text + "\" is too large. Type a smaller number.");
+    return CommandFailure(std::string("The ") + what + " \"" + text +
+                          "\" does not fit. Type a number of ordinary size.");
 }
 
 float limit(const std::string& text, const char* what)
@@ -155,6 +166,8 @@ void ColumnSetup::applyPreProcess(const Parameters& parameters)
     window.Turbo = true;
     window.lineMode = false;
     window.Sloppy = false;
+    window.chainActive = false;
+    window.setPointer(Pointer::hourglass);
     window.setEnabled(Control::mnuToolsMode, false);
     window.data.vpdCol = parameters.vpdCol;
     window.data.parCol = parameters.parCol;
@@ -171,6 +184,7 @@ void ColumnSetup::applyManual()
     m_parentForm.Turbo = false;
     m_parentForm.lineMode = true;
     m_parentForm.Sloppy = true;
+    m_parentForm.chainActive = false;
     m_parentForm.setEnabled(Control::mnuToolsMode, true);
 }
 

@@ -24,7 +24,8 @@ public:
 
     /// Fills the rows from the window's labels, clears `saveBox`, and the parameter boxes from the settings.
     void Form_Load();
-    /// Each later showing: rows take their label texts again; its boxes stand as the last OK left them.
+    /// Each later showing: rows take their label texts again; its boxes stand as the last OK left them. While it is shown
+    /// it keeps what the user has typed.
     void Form_Show();
 
     [[nodiscard]] int rows() const { return static_cast<int>(m_labels.size()); }
@@ -90,10 +91,12 @@ private:
     void takeLabels();
     void applyPreProcess(const Parameters& parameters);
     void applyManual();
+    void hide();
 
     Window& m_parentForm;
     std::vector<std::string> m_labels;
     Boxes m_applied;
+    bool m_isShown = false;
     bool m_hasDecided = false; ///< OK was given at least once
 };
 

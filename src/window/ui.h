@@ -69,6 +69,8 @@ public:
     virtual void showSaveContents() = 0;
     virtual void unloadSaveContents() = 0;
 
+    /// Paints the status bar at once, without taking events: for a computation that must not be entered again.
+    virtual void paintStatus() = 0;
     /// Paints what is due and takes pending events. May throw to give a long command up (its window is closing).
     virtual void letPendingEventsRun() = 0;
     /// Closes the window; its close handling still runs.
@@ -78,7 +80,7 @@ public:
     [[nodiscard]] virtual Geometry geometry() const = 0;
     virtual void setGeometry(const Geometry& geometry) = 0;
     [[nodiscard]] virtual bool isMinimised() const = 0;
-    /// Width and height of the screen in twips (left and top are 0).
+    /// Right and bottom edge of the window's screen, as width and height, in twips of the same coordinates.
     [[nodiscard]] virtual Geometry screen() const = 0;
 };
 

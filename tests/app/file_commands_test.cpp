@@ -193,7 +193,8 @@ TEST(OpenFailure, ofTheSystemNamesTheFileAndTheReason)
     shell.open("/data/missing.csv");
     EXPECT_EQ(Snapshot(shell), before);
     ASSERT_EQ(shell.fakeUi.messages.size(), 1U);
-    EXPECT_EQ(shell.fakeUi.messages[0].text, "The file /data/missing.csv cannot be opened: No such file or directory.");
+    EXPECT_EQ(shell.fakeUi.messages[0].text, "The file /data/missing.csv cannot be opened: No such file or directory. Check its name and "
+              "permissions, or choose another file.");
     EXPECT_EQ(shell.fakeUi.messages[0].title, "Error reading file:");
 }
 

@@ -202,7 +202,7 @@ TEST(SmallRun, savesAndReopensEqual)
     const std::string& file = shell.files.contents["/data/processed.csv"];
     EXPECT_TRUE(file.starts_with("Tarvelint output: Friday, 20 November 2026,unconverted-baseline-converted,3 columns,"
                                  "60 rows each,with labels,blank='.'\r\nVPD,PAR,S1,\r\n.01,0,8,\r\n"));
-    EXPECT_EQ(std::count(file.begin(), file.end(), '\n'), 187); // 1 + 3 x (1 label + 60 rows + 1 empty)
+    EXPECT_EQ(std::count(file.begin(), file.end(), '\n'), 186); // 1 + 3 x (1 label + 60 rows) + 2 empty between
     EXPECT_NE(file.find("\r\n.01,0,.,\r\n"), std::string::npos);
 }
 

@@ -176,7 +176,7 @@ TEST(SaveFile, writesHeaderAndLayersInOrderAndMarksTheRecordSaved)
               "with labels,blank='.'\r\n"
               "Day,Time,S1,\r\n180,0,9,\r\n180,30,.,\r\n\r\n"
               "Day,Time,S1,\r\n180,0,10,\r\n180,30,10,\r\n\r\n"
-              "Day,Time,S1,\r\n180,0,7.5,\r\n180,30,.,\r\n\r\n");
+              "Day,Time,S1,\r\n180,0,7.5,\r\n180,30,.,\r\n");
     EXPECT_TRUE(shell.window.data.saveCheck);
     EXPECT_EQ(shell.window.savePath, "/data/out.csv");
     EXPECT_EQ(shell.window.caption, "Tarvelint: /data/out.csv");

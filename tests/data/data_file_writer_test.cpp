@@ -64,7 +64,7 @@ TEST(WriteDataFile, everyLineEndsWithDelimiterAndCrLf)
     EXPECT_EQ(written(record({{1, 2}}), only(kUnconverted), '\t'), "1\t2\t\r\n\r\n");
 }
 
-TEST(WriteDataFile, allLayersStandInOrderWithLabelsAndAnEmptyLineEach)
+TEST(WriteDataFile, allLayersStandInOrderWithLabelsAndAnEmptyLineAfterTheFirstTwo)
 {
     SaveChoices choices;
     choices.labels = true;
@@ -73,16 +73,16 @@ TEST(WriteDataFile, allLayersStandInOrderWithLabelsAndAnEmptyLineEach)
               "with labels,blank='.'\r\n"
               "S1,S2,\r\n1,2,\r\n3,4,\r\n\r\n"
               "S1,S2,\r\n101,102,\r\n103,104,\r\n\r\n"
-              "S1,S2,\r\n201,202,\r\n203,204,\r\n\r\n");
+              "S1,S2,\r\n201,202,\r\n203,204,\r\n");
 }
 
 TEST(WriteDataFile, onlyTheChosenLayersAreWritten)
 {
     EXPECT_EQ(written(record({{1}}), only(kBaseline)), "101,\r\n\r\n");
-    EXPECT_EQ(written(record({{1}}), only(kConverted)), "201,\r\n\r\n");
+    EXPECT_EQ(written(record({{1}}), only(kConverted)), "201,\r\n");
     SaveChoices choices = only(kConverted);
     choices.unconverted = true;
-    EXPECT_EQ(written(record({{1}}), choices), "1,\r\n\r\n201,\r\n\r\n");
+    EXPECT_EQ(written(record({{1}}), choices), "1,\r\n\r\n201,\r\n");
 }
 
 TEST(WriteDataFile, noLayerWritesTheHeaderNamingConvertedAndNoData)

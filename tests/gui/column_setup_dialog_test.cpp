@@ -377,6 +377,7 @@ private Q_SLOTS:
         SetupBench bench(20);
         bench.window.data.labels.at(0) = kLatin1;
         bench.window.data.labels.at(1) = kLatin1;
+        bench.setup().CancelButton_Click();
         bench.setup().Form_Show();
         bench.show();
         QCOMPARE(bench.labelBox(1)->text(), QString::fromUtf8("Temp\u00e9rature"));

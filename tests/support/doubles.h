@@ -202,6 +202,7 @@ public:
         onSaveContents();
     }
     void unloadSaveContents() override { log.push_back("unload save contents"); }
+    void paintStatus() override { log.push_back("paint status"); }
     void letPendingEventsRun() override
     {
         if (onPendingEvents) onPendingEvents();

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "window/column_setup.h"
 
-#include "support/test_window.h"
+#include "window/setup_window.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -13,66 +13,6 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
-
-/// A window of `columns` columns with its set-up dialog on the screen; notes what each procedure found.
-class SetupWindow : public TestWindow {
-public:
-    explicit SetupWindow(int columns = 12)
-    {
-        setReadings(std::vector<std::vector<double>>(static_cast<std::size_t>(columns), {1, 2}));
-        for (int c = 1; c <= columns; ++c) data.labels.push_back("L" + std::to_string(c));
-        loadDialog();
-    }
-    void loadDialog()
-    {
-        labelFrm = std::make_unique<ColumnSetup>(*this);
-        labelFrm->Form_Load();
-        fakeUi.showColumnSetup(true);
-    }
-    [[nodiscard]] ColumnSetup& dialog() { return *labelFrm; }
-    [[nodiscard]] ColumnSetup::Boxes& boxes() { return labelFrm->boxes; }
-    /// OK, with the pre-process wanted. The fault's text, empty when all went well.
-    std::string okWithPreProcess()
-    {
-        boxes().turboCheck = true;
-        try {
-            dialog().OKButton_Click();
-        } catch (const CommandFailure& failure) {
-            return failure.what();
-        }
-        return {};
-    }
-
-    void updateLabels() override
-    {
-        TestWindow::updateLabels();
-        saveCheckAtLabels = data.saveCheck;
-    }
-    void varList_Change(int index) override
-    {
-        TestWindow::varList_Change(index);
-        calls.back() += fakeUi.columnSetupShown ? ", shown" : ", hidden, " + text(Control::statusPanel1);
-        if (data.saveCheck) calls.back() += ", still unchanged";
-    }
-    void preProcess() override
-    {
-        TestWindow::preProcess();
-        sensorsAtPreProcess = sensors;
-        parametersArePlaced = data.vpdCol == 10 && data.parCol == 2;
-        modeIsTurbo = Turbo && !lineMode && !Sloppy && !isEnabled(Control::mnuToolsMode);
-    }
-    void getBase() override
-    {
-        TestWindow::getBase();
-        sensorsAtGetBase = sensors;
-    }
-
-    bool saveCheckAtLabels = false;
-    std::int32_t sensorsAtPreProcess = -1;
-    std::int32_t sensorsAtGetBase = -1;
-    bool parametersArePlaced = false;
-    bool modeIsTurbo = false;
-};
 
 // Opening
 
@@ -141,11 +81,22 @@ TEST(ColumnSetupOpening, theParametersTakeInputOnlyWhileThePreProcessIsWanted)
 TEST(ColumnSetupOpening, aLaterShowingTakesTheLabelsAgain)
 {
     SetupWindow window(2);
-    window.dialog().setLabelBox(1, "typed and forgotten");
+    window.dialog().setLabelBox(1, "typed and cancelled");
+    window.dialog().CancelButton_Click();
     window.data.labels = {"A", "B"};
     window.dialog().Form_Show();
     EXPECT_EQ(window.dialog().labelBox(1), "A");
     EXPECT_EQ(window.dialog().labelBox(2), "B");
+}
+
+TEST(ColumnSetupOpening, askingForItAgainWhileItIsShownKeepsWhatWasTyped)
+{
+    SetupWindow window(2);
+    window.dialog().setLabelBox(1, "half-typed");
+    window.dialog().setCheckBox(2, true);
+    window.dialog().Form_Show();
+    EXPECT_EQ(window.dialog().labelBox(1), "half-typed");
+    EXPECT_TRUE(window.dialog().checkBox(2));
 }
 
 // Paging
@@ -324,73 +275,6 @@ TEST(ColumnSetupCancel, appliesNothingAndRestoresTheBoxes)
     EXPECT_FALSE(window.dialog().checkBox(5));
     EXPECT_FALSE(window.boxes().saveBox);
     EXPECT_EQ(window.boxes().vpdBox, "11");
-}
-
-// What cannot be used
-
-/// OK with one box changed: the fault, after a check that it left everything as it was.
-std::string faultOf(const std::function<void(ColumnSetup&)>& type)
-{
-    SetupWindow window;
-    window.lineMode = true;
-    window.dialog().setCheckBox(1, true);
-    type(window.dialog());
-    const std::string fault = window.okWithPreProcess();
-    EXPECT_THAT(window.calls, IsEmpty());
-    EXPECT_TRUE(window.fakeUi.columnSetupShown);
-    EXPECT_TRUE(window.data.saveCheck);
-    EXPECT_FALSE(window.Turbo);
-    EXPECT_TRUE(window.lineMode);
-    EXPECT_TRUE(window.isEnabled(Control::mnuToolsMode));
-    EXPECT_EQ(window.data.vpdCol, -1);
-    EXPECT_EQ(window.data.parCol, -1);
-    EXPECT_EQ(window.data.lullTime, 4);
-    EXPECT_FALSE(window.isParameterColumn(0));
-    EXPECT_TRUE(window.dialog().checkBox(1)); // what was typed and ticked can be mended
-    return fault;
-}
-
-TEST(ColumnSetupFaults, aColumnTheFileDoesNotHaveIsNamedWithTheNumberOfColumns)
-{
-    for (const std::string typed : {"13", "0", "-1", "", "VPD", "1E400", "40000", "-40000"}) {
-        const std::string vpd = faultOf([&](ColumnSetup& dialog) { dialog.boxes.vpdBox = typed; });
-        EXPECT_EQ(vpd, "The VPD column \"" + typed +
-                           "\" does not exist: the file has 12 columns. Type a number from 1 to 12.");
-        const std::string par = faultOf([&](ColumnSetup& dialog) { dialog.boxes.parBox = typed; });
-        EXPECT_THAT(par, StartsWith("The PAR column \"" + typed + "\" does not exist"));
-    }
-}
-
-TEST(ColumnSetupFaults, aLimitBeyond32BitFloatsIsTooLarge)
-{
-    EXPECT_EQ(faultOf([](ColumnSetup& dialog) { dialog.boxes.VPDlBox = "1E39"; }),
-              "The VPD limit \"1E39\" is too large. Type a smaller number.");
-    EXPECT_THAT(faultOf([](ColumnSetup& dialog) { dialog.boxes.PARlBox = "-1E400"; }),
-                HasSubstr("PAR limit \"-1E400\""));
-}
-
-TEST(ColumnSetupFaults, aLullLengthBeyond32BitsIsTooLarge)
-{
-    EXPECT_EQ(faultOf([](ColumnSetup& dialog) { dialog.boxes.timeBox = "2147483648"; }),
-              "The minimum lull length \"2147483648\" is too large. Type a smaller number.");
-}
-
-TEST(ColumnSetupFaults, aRecordWithoutASensorColumnCannotBePreProcessed)
-{
-    const std::string fault = faultOf([](ColumnSetup& dialog) {
-        for (int row = 1; row <= dialog.rows(); ++row) dialog.setCheckBox(row, true);
-    });
-    EXPECT_THAT(fault, StartsWith("Every column is marked \"Do not convert\""));
-}
-
-TEST(ColumnSetupFaults, nothingIsCheckedWithoutThePreProcess)
-{
-    SetupWindow window;
-    window.boxes().vpdBox = "no such column";
-    window.boxes().timeBox = "1E99";
-    window.dialog().OKButton_Click();
-    EXPECT_TRUE(window.Sloppy);
-    EXPECT_FALSE(window.fakeUi.columnSetupShown);
 }
 
 } // namespace

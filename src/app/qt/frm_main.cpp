@@ -15,6 +15,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScopedValueRollback>
 #include <QScrollBar>
 #include <QWindowStateChangeEvent>
 
@@ -88,7 +89,8 @@ void FrmMain::wireActions()
         connect(action, &QAction::triggered, this, [this, control] { run(control); });
     };
     for (const auto& [control, action] : m_actions) wire(control, action);
-    for (const auto& [control, action] : m_tools) wire(control, action);
+    for (const auto& [control, action] : m_tools)
+        if (control != Control::count) wire(control, action);
     for (std::size_t i = 0; i < m_widgets.size(); ++i)
         if (auto* button = qobject_cast<QPushButton*>(m_widgets[i]))
             connect(button, &QPushButton::clicked, this, [this, i] { run(static_cast<Control>(i)); });
@@ -113,8 +115,10 @@ void FrmMain::wireBoxes()
         wireCheck(element(scaleBox0, index), [&cues, index](bool checked) { cues.scaleBox_Click(index, checked); });
         wireRangeBox(maxLabel0, index);
         wireRangeBox(minLabel0, index);
-        connect(m_lists[static_cast<std::size_t>(index)], &QComboBox::activated, this,
-                [this, index](int entry) { command([&] { m_core.chooseColumn(index, entry); }); });
+        connect(m_lists[static_cast<std::size_t>(index)], &QComboBox::activated, this, [this, index](int entry) {
+            m_listStale[static_cast<std::size_t>(index)] = true; // shown anew even when the choice is refused
+            command([&] { m_core.chooseColumn(index, entry); });
+        });
     }
     wireCheck(refCheck, [&cues](bool checked) { cues.refCheck_Click(checked); });
     wireCheck(labelBox, [&cues](bool checked) { cues.labelBox_Click(checked); });
@@ -141,6 +145,11 @@ void FrmMain::wireRangeBox(Control first, int index)
             top ? cues.maxLabel_KeyPress(index) : cues.minLabel_KeyPress(index);
             m_core.setText(control, text.toStdString());
             top ? cues.maxLabel_KeyUp(index) : cues.minLabel_KeyUp(index);
+        });
+    });
+    connect(box, &QLineEdit::returnPressed, this, [this, first, index] {
+        command([&] {
+            first == Control::maxLabel0 ? m_core.cues.maxLabel_KeyUp(index) : m_core.cues.minLabel_KeyUp(index);
         });
     });
 }
@@ -209,8 +218,10 @@ void FrmMain::closeEvent(QCloseEvent* event)
 {
     if (m_closed) return; // asked once more while it waits to be destroyed
     event->ignore();
+    if (m_closing) return; // asked once more while it asks whether to save
     if (isBusy()) return closeLater();
     bool stays = true;
+    const QScopedValueRollback closing(m_closing, true);
     command([&] {
         bool cancel = false;
         m_core.lifecycle.Form_QueryUnload(cancel);
@@ -242,12 +253,26 @@ bool FrmMain::eventFilter(QObject* watched, QEvent* event)
         record([&] { m_core.scrolling.HScroll1_GotFocus(); });
         return false;
     }
-    if (event->type() == QEvent::KeyPress && qobject_cast<QLineEdit*>(watched) &&
-        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape) {
-        focus(Control::Picture1_0);
-        return true;
+    if (auto* box = qobject_cast<QLineEdit*>(watched); box && event->type() == QEvent::KeyPress) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (key->key() == Qt::Key_Escape) {
+            focus(Control::Picture1_0);
+            return true;
+        }
+        if (!key->text().isEmpty()) keyInBox(*box);
     }
     return QMainWindow::eventFilter(watched, event);
+}
+
+void FrmMain::keyInBox(const QLineEdit& box)
+{
+    // A key that changes no text (Enter, Backspace in an empty box) counts as typing too.
+    for (int index = 0; index < 2; ++index) {
+        if (&box == widget<QLineEdit>(element(Control::maxLabel0, index)))
+            command([&] { m_core.cues.maxLabel_KeyPress(index); });
+        else if (&box == widget<QLineEdit>(element(Control::minLabel0, index)))
+            command([&] { m_core.cues.minLabel_KeyPress(index); });
+    }
 }
 
 bool FrmMain::isUsable(Control control) const

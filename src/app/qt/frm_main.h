@@ -82,6 +82,7 @@ public:
     void unloadColumnSetup() override;
     void showSaveContents() override;
     void unloadSaveContents() override;
+    void paintStatus() override;
     void letPendingEventsRun() override;
     void unload() override;
     [[nodiscard]] Geometry geometry() const override;
@@ -123,6 +124,7 @@ private:
     void wireBoxes();
     void wireCheck(Control control, std::function<void(bool)> clicked);
     void wireRangeBox(Control first, int index);
+    void keyInBox(const QLineEdit& box);
     void wireScrollBar();
     void wirePlots();
     void run(Control control);
@@ -160,6 +162,7 @@ private:
     QPointer<SaveContentsDialog> m_saveContents;
     int m_questions = 0; ///< message boxes being answered
     bool m_closeAsked = false;
+    bool m_closing = false; ///< the close handling runs
     bool m_closed = false;
 };
 

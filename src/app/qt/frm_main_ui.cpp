@@ -16,6 +16,7 @@
 #include <QScreen>
 #include <QScrollBar>
 #include <QSignalBlocker>
+#include <QStatusBar>
 
 #include <algorithm>
 #include <cmath>
@@ -284,6 +285,11 @@ void FrmMain::cancelDialogs()
         if (dialog->isVisible() && dialog != m_columnSetup) dialog->reject();
 }
 
+void FrmMain::paintStatus()
+{
+    statusBar()->repaint();
+}
+
 void FrmMain::letPendingEventsRun()
 {
     QCoreApplication::processEvents();
@@ -293,10 +299,9 @@ void FrmMain::letPendingEventsRun()
 void FrmMain::unload()
 {
     // The toolkit swallows the closing of a window under a modal box: while there is one, the window is busy.
-    if (isBusy())
-        closeLater();
-    else
-        close();
+    if (isBusy()) return closeLater();
+    if (m_columnSetup && m_columnSetup->isVisible()) m_columnSetup->reject(); // it may block this window
+    close();
 }
 
 Geometry FrmMain::geometry() const
@@ -316,8 +321,8 @@ void FrmMain::setGeometry(const Geometry& geometry)
 
 Geometry FrmMain::screen() const
 {
-    const QSize size = QWidget::screen()->size();
-    return {0, 0, twips(size.width()), twips(size.height())};
+    const QRect all = QWidget::screen()->geometry();
+    return {0, 0, twips(all.right() + 1), twips(all.bottom() + 1)};
 }
 
 } // namespace tarvelint
