@@ -17,19 +17,24 @@ class FileCommands {
 public:
     explicit FileCommands(Window& window) : m_window(window) {}
 
+    /// Asks about unsaved data, then for a file, and opens it. @throws FormatFault when it cannot be used
     void mnuFileOpen_Click();
+    /// Saves under the name last saved under; asks for one when there is none.
     void mnuFileSave_Click() { saveFile("Save:"); }
+    /// Always asks for a name.
     void mnuFileSaveAs_Click() { saveFile("Save As:"); }
 
     /// Asks whether to save first. True when the caller may go on: the data are saved or dropped on purpose.
     [[nodiscard]] bool savedialog(const std::string& title);
 
     /// The work of File > Open once a file is chosen. Until the record is read whole the window keeps its own.
+    /// @throws FormatFault when the file cannot be opened or is no record
     void openFile(const ChosenFile& file);
     /// The work of File > Save once layers and name are chosen: replaces `savePath` in one step.
     /// @throws FileFailure and leaves the old file as it was
     void writeFile();
 
+    /// @param save_type  title of the dialogs: "Save As:" asks for a name even when one is known
     void saveFile(const std::string& save_type);
 
 private:

@@ -21,9 +21,13 @@ public:
     /// gone and its settings are written even then.
     void Form_QueryUnload(bool& cancel);
 
+    /// A further window, placed where this one stands and cut to the screen.
     void mnuFileNew_Click();
+    /// Asks about unsaved data, once, and closes this window.
     void mnuFileClose_Click();
+    /// Closes every window, this one last; each asks for itself.
     void mnuFileExit_Click() { m_application.exitFrom(m_window); }
+    /// Both show or hide a bar and check or clear their entry.
     void mnuViewToolbar_Click() { toggleBar(Control::mnuViewToolbar, Control::tbToolBar); }
     void mnuViewStatusBar_Click() { toggleBar(Control::mnuViewStatusBar, Control::sbStatusBar); }
 

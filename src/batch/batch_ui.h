@@ -27,8 +27,11 @@ public:
 /// text and row counter are shown while a file is read or written.
 class BatchUi : public Ui {
 public:
+    /// @param err  where messages and progress go; outlives the toolkit
     BatchUi(std::ostream& err, bool showsProgress) : m_err(err), m_showsProgress(showsProgress) {}
+    /// Progress is read off this window from now on.
     void watch(const Window& window) { m_window = &window; }
+    /// Wipes the progress line, so that what follows starts at the left.
     void endProgress();
 
     void changed(Control) override {}

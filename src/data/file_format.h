@@ -20,6 +20,7 @@ inline constexpr std::string_view kTitle = "Tarvelint";
 enum class FileType { space = 1, tab = 2, comma = 3 };
 
 [[nodiscard]] char delimiterOf(FileType type);
+/// Anything but a blank or a tab counts as a comma.
 [[nodiscard]] FileType fileTypeOf(char delimiter);
 
 /// Takes the next field off the front of `rest`, the unread part of a line; nullopt when none is left.
@@ -61,6 +62,7 @@ struct FileHeader {
     std::int32_t blank = 0;  ///< when `blankIsDot` is False
 };
 
+/// Whether the first non-empty line of a file begins as the header of this program does, and is no row or labels.
 [[nodiscard]] bool isHeaderLine(std::string_view line);
 
 /// @throws FormatFault with the fixed text of the first fault, in the order layers, columns, rows,

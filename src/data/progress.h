@@ -10,6 +10,7 @@ namespace tarvelint {
 class Progress {
 public:
     virtual ~Progress() = default;
+    /// What is being done now, as the status bar says it.
     virtual void status(const std::string& text) = 0;
     /// After each row: shows the row number (1-based) and lets pending events run. Called for every
     /// row; implementations act on it every few milliseconds.

@@ -11,7 +11,9 @@ namespace tarvelint {
 class SettingsStore {
 public:
     virtual ~SettingsStore() = default;
+    /// The stored text, character by character; `defaultText` when the key is absent or the store cannot be read.
     [[nodiscard]] virtual std::string readSetting(std::string_view key, std::string_view defaultText) = 0;
+    /// A store that cannot be written loses the text in silence.
     virtual void writeSetting(std::string_view key, std::string_view text) = 0;
 };
 
@@ -52,6 +54,7 @@ struct PreProcessSettings {
     std::string vpdLimit = "0.05";
     std::string lullTime = "3";
 };
+/// The texts as they are stored; they become numbers only when the user presses OK.
 [[nodiscard]] PreProcessSettings readPreProcessSettings(SettingsStore& store);
 
 /// What a closing window writes.

@@ -23,10 +23,12 @@ public:
 
     /// Shows the chosen column; in the main area it becomes the column being worked on.
     void varList_Change(int index);
+    /// The user chose an entry, perhaps the same one again.
     void varList_Click(int index) { varList_Change(index); }
     /// Toggles the main area between readings and converted values.
     void viewButton_Click();
 
+    /// Automatic range of an area; it takes effect at once when it is turned on.
     void scaleBox_Click(int index, bool checked);
     /// Any key typed into a range box turns the automatic range off.
     void maxLabel_KeyPress(int index) { leaveAutomaticRange(index); }
@@ -34,13 +36,16 @@ public:
     /// The plot follows as long as the text is a number; else it keeps the last good range.
     void maxLabel_KeyUp(int index) { redrawIfNumeric(Control::maxLabel0, index); }
     void minLabel_KeyUp(int index) { redrawIfNumeric(Control::minLabel0, index); }
+    /// Shows or hides the companion's reference line; its box takes input only while it is shown.
     void refCheck_Click(bool checked);
+    /// The reference value was typed.
     void refBox_Change();
 
     /// Column lists show labels or, with the box clear, column numbers from 1.
     void labelBox_Click(bool checked);
     /// Shows the column setup dialog without waiting for it, and keeps the focus on the plot.
     void labelButton_Click();
+    /// "Settings..." in the View menu: the same dialog.
     void mnuViewLabels_Click() { labelButton_Click(); }
 
 private:

@@ -38,14 +38,18 @@ public:
     /// call. A record that fits 16 bits leaves the mode.
     void fitScrollBar();
 
+    /// Doubles the zoom, up to 8 units a row, fits the scroll bar and draws both areas afresh.
     void mnuViewZoomIn_Click();
+    /// Halves it, down to 1 unit a row.
     void mnuViewZoomOut_Click();
     /// Draws over what is there without erasing.
     void mnuViewRefresh_Click();
 
-    /// The value was set by a command or by a click on the bar.
+    /// The value was set by a command or by a click on the bar: both areas are drawn anew, the main one last and with
+    /// the focus.
     void HScroll1_Change();
-    /// The thumb was dragged to `value`; `HScroll1_Change` is left to its release.
+    /// The thumb was dragged to `value` (first row shown, clipped to the bar); `HScroll1_Change` is left to its
+    /// release.
     void HScroll1_Scroll(std::int32_t value);
     /// Hands the focus back: keys always go to the plot.
     void HScroll1_GotFocus();

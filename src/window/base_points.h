@@ -18,8 +18,10 @@ public:
         m_sensors = sensors;
         m_lines = lines;
     }
+    /// Whether a row bears a point; both numbers must be within the bounds.
     [[nodiscard]] bool operator()(std::int32_t sensor, std::int32_t row) const { return m_marks[index(sensor, row)]; }
     void set(std::int32_t sensor, std::int32_t row, bool mark) { m_marks[index(sensor, row)] = mark; }
+    /// 0 for a record whose points have not been looked for.
     [[nodiscard]] std::int32_t sensors() const { return m_sensors; }
     [[nodiscard]] std::int32_t lines() const { return m_lines; }
 

@@ -20,16 +20,19 @@ public:
     static constexpr int kVisibleRows = 15;
     static constexpr int kRowPitch = 23;
 
+    /// @param parentForm  the window whose columns it sets up; it owns the dialog
     explicit ColumnSetup(Window& parentForm) : m_parentForm(parentForm) {}
 
     /// Fills the rows from the window's labels, clears `saveBox`, and the parameter boxes from the settings.
     void Form_Load();
-    /// Each later showing: rows take their label texts again; its boxes stand as the last OK left them. While it is shown
-    /// it keeps what the user has typed.
+    /// Each later showing: rows take their label texts again; its boxes stand as the last OK left them. While it is
+    /// shown it keeps what the user has typed.
     void Form_Show();
 
+    /// One row to a column of the record.
     [[nodiscard]] int rows() const { return static_cast<int>(m_labels.size()); }
     [[nodiscard]] bool scrollBarVisible() const { return rows() > kVisibleRows; }
+    /// Largest scroll value: the number of rows that may lie above the first one shown.
     [[nodiscard]] int scrollBarMax() const { return scrollBarVisible() ? rows() - kVisibleRows : 0; }
     /// Top of row i when the bar stands at `scrollValue`: row 1 at 2 - 23 x value, each further row 23 below.
     [[nodiscard]] static int rowTop(int row1, int scrollValue)
@@ -42,13 +45,13 @@ public:
     /// The boxes below the rows, as the user left them.
     struct Boxes {
         std::vector<bool> checkBox; ///< "Do not convert", by 0-based column
-        bool saveBox = false;
-        bool turboCheck = false;
-        std::string vpdBox; ///< 1-based column
-        std::string parBox; ///< 1-based column
-        std::string VPDlBox;
-        std::string PARlBox;
-        std::string timeBox; ///< rows
+        bool saveBox = false;       ///< write labels into saved files
+        bool turboCheck = false;    ///< pre-process wanted
+        std::string vpdBox;         ///< 1-based column
+        std::string parBox;         ///< 1-based column
+        std::string VPDlBox;        ///< highest VPD of a lull, in the record's unit
+        std::string PARlBox;        ///< highest PAR of a lull, in the record's unit
+        std::string timeBox;        ///< rows
     };
 
     /// `labelBox(i)` and `checkBox(i)`, i from 1.
@@ -68,10 +71,11 @@ public:
 
     /// `paramFrame` takes input only while the pre-process is wanted.
     [[nodiscard]] bool paramFrameOn() const { return boxes.turboCheck; }
+    /// The dialog's fixed explanation; paragraphs are parted by CR LF pairs.
     [[nodiscard]] static const std::string& tipLabel();
 
-    /// Applies the dialog to its window, step by step, and hides it. When a number cannot be used one message says
-    /// so, nothing is applied and the dialog stays.
+    /// Applies the dialog to its window, step by step, and hides it.
+    /// @throws CommandFailure when a number cannot be used; nothing is applied then and the dialog stays
     void OKButton_Click();
     /// Hides the dialog with nothing applied; its boxes go back to what the last OK left. The frame's close button does
     /// the same.

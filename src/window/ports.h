@@ -12,6 +12,7 @@
 /// The small doors to the machine. Each has a double in tests/support.
 namespace tarvelint {
 
+/// What long operations measure their pauses by.
 class Clock {
 public:
     virtual ~Clock() = default;
@@ -44,6 +45,7 @@ private:
 /// one step. Destroyed without `commit`, it leaves nothing behind. Both throw FileFailure.
 class SafeFile : public TextSink {
 public:
+    /// Puts what was written in the target's place. To be called once, last.
     virtual void commit() = 0;
 };
 
@@ -55,6 +57,7 @@ public:
     [[nodiscard]] virtual std::unique_ptr<std::istream> openForReading(const std::string& path) = 0;
     /// @throws FileFailure; refuses a read-only target, a folder and anything that is no regular file
     [[nodiscard]] virtual std::unique_ptr<SafeFile> createSafely(const std::string& path) = 0;
+    /// Whether anything bears that name, be it a folder.
     [[nodiscard]] virtual bool exists(const std::string& path) const = 0;
 };
 

@@ -16,6 +16,7 @@ enum class Icon { none, information, warning, critical };
 enum class Buttons { ok, okCancel, yesNo, yesNoCancel };
 enum class Answer { ok, cancel, yes, no };
 
+/// A message box; texts are UTF-8.
 struct Message {
     std::string text;
     std::string title;
@@ -37,6 +38,7 @@ struct FileDialog {
     FileType selected = FileType::space;
 };
 
+/// What the user chose in a file dialog.
 struct ChosenFile {
     std::string path; ///< UTF-8
     FileType type = FileType::space;
@@ -48,25 +50,34 @@ class Ui {
 public:
     virtual ~Ui() = default;
 
+    /// Text, check mark, enabledness or visibility of a control.
     virtual void changed(Control control) = 0;
     virtual void listChanged(int index) = 0; ///< entries or choice of `varList(index)`
     virtual void scrollBarChanged() = 0;
     virtual void pointerChanged() = 0;
     virtual void captionChanged() = 0;
 
+    /// Plot area 0 (main) or 1 (companion); lives as long as the window.
     [[nodiscard]] virtual Surface& surface(int index) = 0;
+    /// Keys go to this control from now on.
     virtual void focus(Control control) = 0;
     virtual void beep() = 0;
+    /// Waits for the answer. A box closed in any other way gives the least harmful one: OK where there is nothing else,
+    /// No to yes or no, else Cancel.
     virtual Answer messageBox(const Message& message) = 0;
+    /// Both wait; nullopt after Cancel.
     [[nodiscard]] virtual std::optional<ChosenFile> openFileDialog(const FileDialog& dialog) = 0;
     [[nodiscard]] virtual std::optional<ChosenFile> saveFileDialog(const FileDialog& dialog) = 0;
 
     /// Shows the window's column setup dialog and returns at once; with `blocking` its window takes no input meanwhile.
     virtual void showColumnSetup(bool blocking) = 0;
+    /// Nothing happens when it is not shown.
     virtual void hideColumnSetup() = 0;
+    /// The dialog goes: its plain half is about to be destroyed.
     virtual void unloadColumnSetup() = 0;
     /// Shows the save-contents dialog and returns when it is hidden; its result stands in `SaveContents`.
     virtual void showSaveContents() = 0;
+    /// The dialog goes: its plain half is about to be destroyed.
     virtual void unloadSaveContents() = 0;
 
     /// Paints the status bar at once, without taking events: for a computation that must not be entered again.
@@ -76,8 +87,9 @@ public:
     /// Closes the window; its close handling still runs.
     virtual void unload() = 0;
 
-    /// The window's place and size on the screen; a place that no screen shows is moved onto one.
+    /// The window's place and size on the screen, in twips, as they are now: maximised ones too.
     [[nodiscard]] virtual Geometry geometry() const = 0;
+    /// A place that no screen shows is moved onto one.
     virtual void setGeometry(const Geometry& geometry) = 0;
     [[nodiscard]] virtual bool isMinimised() const = 0;
     /// Right and bottom edge of the window's screen, as width and height, in twips of the same coordinates.

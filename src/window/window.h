@@ -145,17 +145,31 @@ public:
     [[nodiscard]] bool savesLabels() const { return labelFrm ? labelFrm->savesLabels() : readWithLabels; }
 
     // Procedures through which subsystems call each other.
+    // Rows and columns are 0-based; areas are 0 (main) and 1 (companion).
+    /// Draws an area over what it shows, or erases it first.
     virtual void redraw(int index, bool clear) = 0;
+    /// Shows reading, day and time at both ends of the selection.
     virtual void updateCues() = 0;
+    /// Takes the labels typed in the column setup dialog into the record and the column lists.
     virtual void updateLabels() = 0;
+    /// The entry chosen in `varList(index)` is to be shown, also when it is the same one again.
     virtual void varList_Change(int index) = 0;
+    /// Fits the scroll bar to area, record and zoom; enters or leaves long-record mode.
     virtual void scrollset() = 0;
+    /// The scroll bar stands at another first row: both areas show it.
     virtual void HScroll1_Change() = 0;
+    /// Keeps a copy of the selected rows of a column, all layers, as what Undo brings back.
     virtual void undoSave(std::int32_t column) = 0;
+    /// There is nothing to undo any more: the record is another one.
     virtual void forgetUndo() = 0;
+    /// Sets a baseline point of the current sensor at row `toPoint`, moved from row `fromPoint` (-1 for a new one), or
+    /// deletes the one at `toPoint` with `dlt`; baseline and flux around it follow.
     virtual void setPoint(std::int32_t toPoint, std::int32_t fromPoint, bool dlt) = 0;
+    /// Lays the baseline between two rows of a column and converts them to sap flux (Granier 1985).
     virtual void turboCalc(std::int32_t column, std::int32_t lPoint, std::int32_t rPoint) = 0;
+    /// Flags the lulls, rows where zero flow can be believed, by the VPD and PAR columns and limits.
     virtual void preProcess() = 0;
+    /// Sets the baseline points of all sensors from the lulls and converts what lies between them.
     virtual void getBase() = 0;
     /// Makes the caption unique among all open forms and takes it; `captn` comes back as taken.
     virtual void setcaption(std::string& captn) = 0;

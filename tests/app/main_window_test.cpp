@@ -2,6 +2,7 @@
 #include "app/main_window.h"
 
 #include "app/shell_window.h"
+#include "app/string_table.h"
 #include "data/numbers.h"
 
 #include <gmock/gmock.h>
@@ -182,6 +183,17 @@ TEST(SmallRun, leavesTheWindowInItsModeOnTheColumnOnView)
     EXPECT_EQ(shell.fakeUi.surfaces[0].only("circle").size(), 2U); // both points are in view
 }
 
+TEST(SmallRun, aSensorOnViewAtOkHasItsOrdinalAndItsPointsWithoutBeingChosenAgain)
+{
+    Shell shell;
+    shell.openText(smallRecord());
+    shell.window.chooseColumn(0, 2);
+    EXPECT_EQ(shell.window.curSensor, -1);
+    setUp(shell, "1", "2", {1, 2});
+    EXPECT_EQ(shell.window.curSensor, 0);
+    EXPECT_EQ(shell.fakeUi.surfaces[0].only("circle").size(), 2U); // one a night, both in view
+}
+
 TEST(SmallRun, aColumnTheFileDoesNotHaveIsOneBoxAndChangesNothing)
 {
     Shell shell;
@@ -216,6 +228,48 @@ TEST(SmallRun, anotherRecordOpenedAfterwardsHasNoPoints)
     EXPECT_TRUE(shell.window.isEnabled(Control::mnuToolsMode));
 }
 
+/// 40,000 rows of one column in an area of `width` units, one unit to a row.
+class FortyThousandRows : public Shell {
+public:
+    FortyThousandRows()
+    {
+        resize(8000);
+        std::string text;
+        for (int row = 0; row < 40000; ++row) text += "1\r\n";
+        openText(text);
+    }
+    void resize(float width)
+    {
+        fakeUi.surfaces[0].width = width;
+        window.scrollset();
+    }
+    [[nodiscard]] bool saysSo() const { return status2().find("long record") != std::string::npos; }
+};
+
+TEST(LongRecordMode, isEnteredAndLeftByResizing)
+{
+    FortyThousandRows shell;
+    EXPECT_FALSE(shell.window.longRecord);
+    shell.resize(7231);
+    EXPECT_EQ(shell.window.HScroll1.Max, 32768); // 40000 - 7231 - 1: one more than 16 bits hold
+    EXPECT_TRUE(shell.window.longRecord);
+    EXPECT_TRUE(shell.saysSo());
+    shell.resize(7232);
+    EXPECT_EQ(shell.window.HScroll1.Max, 32767);
+    EXPECT_FALSE(shell.window.longRecord);
+    EXPECT_FALSE(shell.saysSo());
+    EXPECT_THAT(shell.fakeUi.messages, IsEmpty());
+}
+
+TEST(UndoEntry, readsAsTheStringTableSays)
+{
+    Shell shell;
+    shell.openText(kLoggerRecord);
+    EXPECT_EQ(shell.window.text(Control::mnuEditUndo), StringTable().find(10141));
+    shell.window.undoSave(2);
+    EXPECT_EQ(shell.window.text(Control::mnuEditUndo), StringTable().find(1014));
+}
+
 TEST(SampleRecord, isProcessedSavedAndReopenedEqual)
 {
     const auto text = contentOf(TARVELINT_SAMPLE);
@@ -231,7 +285,7 @@ TEST(SampleRecord, isProcessedSavedAndReopenedEqual)
 }
 
 /// Measured records: Day, Time, PAR, VPD and one sensor.
-class MeasuredRecord : public testing::TestWithParam<std::pair<const char*, int>> {};
+class MeasuredRecord : public testing::TestWithParam<std::pair<std::string, int>> {};
 
 TEST_P(MeasuredRecord, isProcessedSavedAndReopenedEqual)
 {
@@ -255,7 +309,11 @@ TEST_P(MeasuredRecord, isProcessedSavedAndReopenedEqual)
 INSTANTIATE_TEST_SUITE_P(Files, MeasuredRecord,
                          testing::Values(std::pair("spruce_15min_2012.csv", 23494),
                                          std::pair("spruce_15min_2013.csv", 35039),
-                                         std::pair("hourly_2014_no_weather.csv", 901)));
+                                         std::pair("hourly_2014_no_weather.csv", 901)),
+                         [](const auto& record) {
+                             const std::string& file = record.param.first;
+                             return file.substr(0, file.find('.'));
+                         });
 
 } // namespace
 } // namespace tarvelint::test

@@ -282,6 +282,19 @@ TEST(SaveFailure, ofADiskThatFillsUpLeavesTheOldFileWhole)
     EXPECT_EQ(box.title, "Cannot save:");
 }
 
+TEST(SaveFailure, keepsTheNameAndDelimiterThatWereChosen)
+{
+    Unsaved shell;
+    shell.files.diskRoom = 40;
+    shell.saveAs("/data/out.txt", FileType::tab);
+    ASSERT_EQ(shell.fakeUi.messages.size(), 1U);
+    EXPECT_EQ(shell.window.savePath, "/data/out.txt");
+    EXPECT_EQ(shell.window.data.fileDelimiter, "\t");
+    shell.files.diskRoom = 4000;
+    shell.save(); // asks for no name
+    EXPECT_THAT(shell.files.contents["/data/out.txt"], HasSubstr("180\t30\t.\t\r\n"));
+}
+
 TEST(SaveFailure, aWindowThatClosesMeanwhileLeavesTheOldFileWholeWithoutAWord)
 {
     const Message box = failingSave([](Shell& shell) {

@@ -9,6 +9,7 @@
 
 #include <fstream>
 #include <sstream>
+#include <vector>
 
 namespace tarvelint::test {
 namespace {
@@ -55,14 +56,26 @@ protected:
     int run(bool terminal = false) { return runBatch(options, {settings, style, files, clock}, out, err, terminal); }
     [[nodiscard]] const std::string& written() { return files.contents["out.csv"]; }
 
+    /// Runs the two nights with these arguments besides; the summary.
+    std::string summaryWith(const std::vector<const char*>& more)
+    {
+        std::vector<const char*> arguments{"tarvelint-batch", "in.csv", "-o", "out.csv", "--vpd-column", "4"};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        const auto line = parseCommandLine(static_cast<int>(arguments.size()), arguments.data(), out, err);
+        options = line.options.value_or(BatchOptions{});
+        out.str({});
+        EXPECT_EQ(run(), kDone) << err.str();
+        return out.str();
+    }
+
     /// The same job done by hand in a window.
-    std::string writtenByWindow(bool labels)
+    std::string writtenByWindow(bool labels, FileType type = FileType::comma)
     {
         FakeUi ui;
         BatchApplication application;
         MainWindow window(ui, {settings, style, files, clock}, application);
         window.lifecycle.Form_Load();
-        ui.openChoices.push_back(ChosenFile{"in.csv", FileType::comma});
+        ui.openChoices.push_back(ChosenFile{options.input, type});
         window.boundary.command([&] { window.files.mnuFileOpen_Click(); });
         for (int column1 = 1; column1 <= 4; ++column1) window.labelFrm->setCheckBox(column1, true);
         window.labelFrm->boxes.turboCheck = true;
@@ -70,10 +83,10 @@ protected:
         window.labelFrm->boxes.saveBox = labels;
         window.boundary.command([&] { window.labelFrm->OKButton_Click(); });
         ui.onSaveContents = [&] { window.typeFrm->OKButton_Click(); };
-        ui.saveChoices.push_back(ChosenFile{"window.csv", FileType::comma});
+        ui.saveChoices.push_back(ChosenFile{"window", type});
         window.boundary.command([&] { window.files.mnuFileSave_Click(); });
         EXPECT_TRUE(ui.messages.empty());
-        return files.contents["window.csv"];
+        return files.contents[window.savePath];
     }
 };
 
@@ -82,6 +95,19 @@ TEST_F(BatchRun, writesTheBytesThatTheWindowWrites)
     ASSERT_EQ(run(), kDone) << err.str();
     EXPECT_EQ(written(), writtenByWindow(false));
     EXPECT_NE(written().find("unconverted-baseline-converted"), std::string::npos);
+}
+
+TEST_F(BatchRun, writesTheBytesThatTheWindowWritesAlsoBetweenTabsAndBlanks)
+{
+    for (const FileType type : {FileType::tab, FileType::space}) {
+        files.contents["in.dat"] = twoNights(delimiterOf(type));
+        options.input = "in.dat";
+        options.inputType = options.outputType = type;
+        ASSERT_EQ(run(), kDone) << err.str();
+        EXPECT_EQ(written(), writtenByWindow(false, type));
+        EXPECT_NE(written().find(delimiterOf(type) + std::string("40 rows each") + delimiterOf(type)),
+                  std::string::npos);
+    }
 }
 
 TEST_F(BatchRun, labelsAreWrittenWhenAskedFor)
@@ -122,12 +148,48 @@ TEST_F(BatchRun, progressShowsOnATerminalOnly)
     EXPECT_TRUE(err.str().empty());
 }
 
-TEST_F(BatchRun, theUsersOwnSettingsDoNotCount)
+// What the zero-flow arguments do to a run
+
+TEST_F(BatchRun, aLowerVpdLimitLeavesNoCalmRow)
 {
-    settings.values = {{"VPDlimit", "0.000001"}, {"lullTime", "1000"}, {"Zero", "1"}, {"PAR", "1"}};
+    EXPECT_EQ(summaryWith({"--vpd-limit", "0.001"}), "A: 0 points, 0 rows converted, 0 rows missing\n"
+                                                     "B: 0 points, 0 rows converted, 1 rows missing\n");
+}
+
+TEST_F(BatchRun, aLowerParLimitLeavesNoDarkRow)
+{
+    EXPECT_EQ(summaryWith({"--par-limit", "-1"}), "A: 0 points, 0 rows converted, 0 rows missing\n"
+                                                  "B: 0 points, 0 rows converted, 1 rows missing\n");
+}
+
+TEST_F(BatchRun, aLongerLullTimeFlagsLaterRows)
+{
+    // Flags stand on the rows after the sixth, 6 to 9 and 36 to 39. Their readings are all equal: the first point is
+    // row 6, the second goes off the end to row 39. Rows 6 to 39 are 34; B misses one.
+    EXPECT_EQ(summaryWith({"--lull-time", "6"}), "A: 2 points, 34 rows converted, 0 rows missing\n"
+                                                 "B: 2 points, 33 rows converted, 1 rows missing\n");
+}
+
+TEST_F(BatchRun, theParColumnSaysWhichRowsAreDark)
+{
+    // Time taken for light: rows 0 to 9 are "dark", the second night is not. Column 3 is then one more sensor.
+    EXPECT_EQ(summaryWith({"--par-column", "2", "--par-limit", "9"}),
+              "PAR: 1 points, 0 rows converted, 0 rows missing\n"
+              "A: 1 points, 0 rows converted, 0 rows missing\n"
+              "B: 1 points, 0 rows converted, 1 rows missing\n");
+}
+
+TEST_F(BatchRun, withoutAConvertedLayerOnlyRowsBetweenPointsCountAsConverted)
+{
+    options.choices.converted = false;
+    options.choices.labels = true;
     ASSERT_EQ(run(), kDone);
-    // Limits and columns come from the command line; only a store of this run is handed in by the program.
-    EXPECT_NE(out.str().find("A: 2 points"), std::string::npos);
+    files.contents["again.csv"] = written();
+    options.input = "again.csv";
+    out.str({});
+    ASSERT_EQ(run(), kDone) << err.str();
+    EXPECT_EQ(out.str(), "A: 2 points, 35 rows converted, 0 rows missing\n"
+                         "B: 2 points, 34 rows converted, 1 rows missing\n");
 }
 
 TEST_F(BatchRun, aFileOfThisProgramIsHonoured)
@@ -195,6 +257,18 @@ TEST_F(BatchRun, aMissingOrFaultyInputIsAFault)
     options.input = "in.csv";
     EXPECT_EQ(run(), kDataFault);
     EXPECT_NE(err.str().find("no U-B-C info in the header!"), std::string::npos) << err.str();
+    EXPECT_NE(err.str().find("tarvelint-batch: in.csv: "), std::string::npos) << "the fixed text names no file";
+}
+
+TEST_F(BatchRun, aFaultyCountInTheHeaderNamesTheFileOnce)
+{
+    files.contents["in.csv"] =
+        "Tarvelint output: today,unconverted,many columns,40 rows each,without labels,blank='.'\r\n1,2,\r\n";
+    EXPECT_EQ(run(), kDataFault);
+    const std::string text = err.str();
+    EXPECT_NE(text.find("many"), std::string::npos) << text;
+    ASSERT_NE(text.find("in.csv"), std::string::npos) << text;
+    EXPECT_EQ(text.find("in.csv"), text.rfind("in.csv")) << text;
 }
 
 TEST_F(BatchRun, aTruncatedFileIsConvertedAsFarAsItGoesWithAWarning)

@@ -32,6 +32,11 @@ TEST(ColumnChoice, blanksAroundItemsAndEmptyItemsDoNotCount)
     EXPECT_TRUE(chosen("").empty());
 }
 
+TEST(ColumnChoice, blanksAroundTheDashOfARangeDoNotCount)
+{
+    EXPECT_EQ(chosen("1 - 4"), (std::vector<int>{1, 2, 3, 4}));
+}
+
 TEST(ColumnChoice, aWholeNumberIsAColumnNumberEvenWhereALabelReadsTheSame)
 {
     EXPECT_EQ(chosen("7"), (std::vector<int>{7})); // column 7, not column 6 labelled "7"

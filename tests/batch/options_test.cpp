@@ -102,6 +102,13 @@ TEST(BatchOptions, zeroFlowParametersAreTaken)
     EXPECT_EQ(o.parameters, "1-4,Tair");
 }
 
+TEST(BatchOptions, numbersAreDecimalWhateverTheyBeginWith)
+{
+    const BatchOptions o = options({"in.csv", "-o", "out.csv", "--vpd-column", "010", "--blank", "0777"});
+    EXPECT_EQ(o.vpdColumn, 10);
+    EXPECT_EQ(o.blank, 777);
+}
+
 TEST(BatchOptions, helpAndVersionEndWellAndNameTheProgram)
 {
     const Parsed help = parse({"--help"});
@@ -130,6 +137,7 @@ TEST(BatchOptions, whateverIsWrongOnTheCommandLineIsStatusTwoWithAReason)
         {"in.csv", "-o", "out.csv", "--vpd-column", "-1"},
         {"in.csv", "-o", "out.csv", "--par-column", "three"},
         {"in.csv", "-o", "out.csv", "--par-column", "32768"},
+        {"in.csv", "-o", "out.csv", "--vpd-column", "0x4"},
         {"in.csv", "-o", "out.csv", "--vpd-limit", "low"},
         {"in.csv", "-o", "out.csv", "--par-limit", "1e39"},
         {"in.csv", "-o", "out.csv", "--lull-time", "3000000000"},

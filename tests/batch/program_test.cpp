@@ -75,6 +75,29 @@ TEST_F(BatchProgram, givesTheSameBytesUnderAnyLocaleButForTheDate)
     EXPECT_GT(content("c.csv").size(), 100000U);
 }
 
+TEST_F(BatchProgram, theUsersSettingsChangeNothing)
+{
+    fs::create_directories(folder / "none");
+    fs::create_directories(folder / "user" / "Tarvelint");
+    std::ofstream(folder / "user" / "Tarvelint" / "Tarvelint.ini")
+        << "[Settings]\nBlank=-1\nVPDlimit=0.000001\nZero=1\nlullTime=1000\n";
+    const std::string arguments = " --vpd-column 4 --no-header --no-dots";
+    ASSERT_EQ(run(sample + " -o " + path("plain.csv") + arguments, "XDG_CONFIG_HOME=" + path("none")), 0);
+    ASSERT_EQ(run(sample + " -o " + path("user.csv") + arguments, "XDG_CONFIG_HOME=" + path("user")), 0);
+    EXPECT_GT(content("plain.csv").size(), 100000U);
+    EXPECT_TRUE(content("plain.csv") == content("user.csv"));
+}
+
+TEST_F(BatchProgram, anInputThatNeverEndsIsRefusedAtOnce)
+{
+    ASSERT_EQ(std::system(("mkfifo " + path("pipe")).c_str()), 0);
+    for (const std::string& input : {path("pipe"), std::string("/dev/zero")}) {
+        EXPECT_EQ(run(input + " -o " + path("out.csv"), "timeout 20"), 1) << input;
+        EXPECT_NE(content("stderr").find(input), std::string::npos) << content("stderr");
+        EXPECT_FALSE(fs::exists(folder / "out.csv"));
+    }
+}
+
 TEST_F(BatchProgram, replacesAnExistingOutputOnlyAsAWhole)
 {
     std::ofstream(folder / "out.csv") << "precious";

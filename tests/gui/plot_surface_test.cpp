@@ -56,6 +56,23 @@ private Q_SLOTS:
         QCOMPARE(surface.pixels().pixelColor(22, 22), kGround);
     }
 
+    void aPenOfFourDrawsALineFourPixelsWide()
+    {
+        PlotSurface surface([] {});
+        surface.resize({60, 60}, 1);
+        surface.setPenWidth(4);
+        surface.line(5, 30, 55, 30, colors::kBlack);
+        surface.line(30, 5, 30, 20, colors::kBlack);
+        int high = 0;
+        int wide = 0;
+        for (int i = 0; i < 60; ++i) {
+            high += surface.pixels().pixelColor(45, i) == QColor(Qt::black);
+            wide += surface.pixels().pixelColor(i, 12) == QColor(Qt::black);
+        }
+        QCOMPARE(high, 4);
+        QCOMPARE(wide, 4);
+    }
+
     void nothingIsSmoothed()
     {
         PlotSurface surface([] {});

@@ -3,11 +3,13 @@
 #include "app/qt/start_up.h"
 #include "desk.h"
 
+#include <QCloseEvent>
 #include <QDir>
 #include <QFile>
 #include <QRegularExpression>
 #include <QSettings>
 #include <QSignalSpy>
+#include <QWindow>
 
 #include <cmath>
 
@@ -16,6 +18,30 @@ namespace tarvelint::test {
 namespace {
 
 constexpr int kS1 = 5; // 0-based column of the first sensor: Day, Time, PAR, VPD and Tair come before it
+
+/// Answers every question of every window; keeps the titles of who asked, in order.
+class Questions : public QObject {
+public:
+    Questions(const WindowList& windows, std::function<QMessageBox::StandardButton(FrmMain&)> choose)
+    {
+        connect(&m_timer, &QTimer::timeout, this, [this, &windows, choose = std::move(choose)] {
+            for (FrmMain* window : windows.mainWindows())
+                for (auto* box : window->findChildren<QMessageBox*>(QStringLiteral("messageBox")))
+                    if (box->isVisible()) {
+                        asked.append(window->windowTitle());
+                        titles.append(box->windowTitle());
+                        return QTest::mouseClick(box->button(choose(*window)), Qt::LeftButton);
+                    }
+        });
+        m_timer.start(5);
+    }
+
+    QStringList asked;
+    QStringList titles;
+
+private:
+    QTimer m_timer;
+};
 
 } // namespace
 
@@ -45,6 +71,21 @@ private Q_SLOTS:
         QVERIFY(desk.settings.values.contains("MainLeft"));
     }
 
+    void aSecondCloseWhileTheFirstAsksDoesNotAskAgain()
+    {
+        Desk desk;
+        desk.core().data.saveCheck = false;
+        Questions questions(desk.windows, [&](FrmMain& asked) {
+            QCloseEvent again; // `close()` itself would not send a second one
+            QCoreApplication::sendEvent(&asked, &again);
+            return QMessageBox::Cancel;
+        });
+        QVERIFY(!desk.form->close());
+        QCoreApplication::processEvents();
+        QCOMPARE(questions.asked.size(), 1);
+        QVERIFY(desk.form->isVisible());
+    }
+
     void aBusyWindowClosesOnceItsCommandHasEnded()
     {
         Desk desk;
@@ -71,6 +112,42 @@ private Q_SLOTS:
         QSignalSpy gone(&desk.windows, &WindowList::lastClosed);
         windows[1]->findChild<QAction*>(QStringLiteral("mnuFileExit"))->trigger();
         QTRY_COMPARE(gone.count(), 1);
+    }
+
+    void exitAsksEveryUnsavedWindowLastOpenedFirstAndCancelStopsOnlyTheOne()
+    {
+        Desk desk;
+        desk.windows.newWindow();
+        desk.windows.newWindow();
+        const auto opened = desk.windows.mainWindows();
+        for (const std::size_t unsaved : {0U, 1U}) opened[unsaved]->core().data.saveCheck = false;
+        Questions questions(
+            desk.windows, [&](FrmMain& asked) { return &asked == opened[1] ? QMessageBox::Cancel : QMessageBox::No; });
+        opened[2]->findChild<QAction*>(QStringLiteral("mnuFileExit"))->trigger();
+        QTRY_VERIFY(desk.windows.mainWindows() == std::vector<FrmMain*>{opened[1]});
+        QCOMPARE(questions.asked, (QStringList{QStringLiteral("Tarvelint 1"), QStringLiteral("Tarvelint")}));
+        QCOMPARE(questions.titles, (QStringList{QStringLiteral("Close window:"), QStringLiteral("Close window:")}));
+    }
+
+    void captionsOfOtherFormsIncludeDialogs()
+    {
+        Desk desk;
+        desk.open(TARVELINT_SAMPLE);
+        desk.windows.newWindow();
+        const std::vector<std::string> others = desk.windows.otherCaptions(desk.core());
+        QCOMPARE(others, (std::vector<std::string>{"Labels", "Tarvelint"}));
+    }
+
+    void aMaximisedWindowStoresTheGeometryItHasThen()
+    {
+        Desk desk;
+        desk.form->setWindowState(Qt::WindowMaximized);
+        desk.form->windowHandle()->setGeometry(0, 0, 1600, 1200); // as a window manager does; there is none here
+        QTRY_COMPARE(desk.form->size(), QSize(1600, 1200));
+        QVERIFY(desk.form->isMaximized() && desk.form->normalGeometry().size() != desk.form->size());
+        QVERIFY(desk.form->close());
+        QCOMPARE(desk.settings.values["MainWidth"], std::string("24000")); // 15 twips to a pixel
+        QCOMPARE(desk.settings.values["MainHeight"], std::string("18000"));
     }
 
     void exitCancelsTheQuestionOfAnotherWindow()
@@ -129,6 +206,16 @@ private Q_SLOTS:
         about->close();
         QTRY_VERIFY(desk.form->findChildren<FrmSplash*>().isEmpty());
         QCOMPARE(desk.windows.mainWindows().size(), std::size_t{1});
+    }
+
+    void theAboutBoxsOwnButtonClosesIt()
+    {
+        Desk desk;
+        desk.entry("mnuHelpAbout")->trigger();
+        QTest::mouseClick(desk.find<QPushButton>("Command1"), Qt::LeftButton);
+        QTRY_VERIFY(desk.form->findChildren<FrmSplash*>().isEmpty());
+        QCOMPARE(desk.windows.mainWindows().size(), std::size_t{1});
+        QVERIFY(desk.form->isVisible());
     }
 
     void aSettingsFileThatCannotBeReadIsToldOnce()

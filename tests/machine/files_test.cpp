@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "machine/files.h"
 
+#include "machine/nobody.h"
+
 #include <QDir>
 #include <QFileInfo>
 #include <QTemporaryDir>
@@ -14,6 +16,7 @@
 
 #include <csignal>
 #include <fstream>
+#include <iostream>
 #include <iterator>
 #include <optional>
 
@@ -108,6 +111,31 @@ TEST_F(DiskFilesTest, aFolderIsNoRecord)
     EXPECT_STREQ(failure->what(), "Is a directory");
 }
 
+/// Exit code of a child: 1 when the file could be opened, else 2, with the reason on the error stream.
+[[noreturn]] void readAsNobody(const std::string& path)
+{
+    becomeNobody();
+    DiskFiles files;
+    try {
+        static_cast<void>(files.openForReading(path));
+    } catch (const FileFailure& failure) {
+        std::cerr << failure.what();
+        ::_exit(2);
+    }
+    ::_exit(1);
+}
+
+TEST_F(DiskFilesTest, aFileThatMayNotBeReadIsRefusedInTheSystemsWords)
+{
+    put(path("secret.csv"), "1,2");
+    put(path("public.csv"), "1,2");
+    ASSERT_EQ(::chmod(m_folder.path().toUtf8().constData(), 0755), 0);
+    ASSERT_EQ(::chmod(path("secret.csv").c_str(), 0), 0);
+    ASSERT_EQ(::chmod(path("public.csv").c_str(), 0644), 0);
+    EXPECT_EXIT(readAsNobody(path("secret.csv")), testing::ExitedWithCode(2), "^Permission denied$");
+    EXPECT_EXIT(readAsNobody(path("public.csv")), testing::ExitedWithCode(1), "");
+}
+
 // Writing
 
 TEST_F(DiskFilesTest, theOldFileIsWholeUntilCommitReplacesIt)
@@ -184,13 +212,6 @@ TEST_F(DiskFilesTest, aMissingFolderIsNamedByTheSystem)
     EXPECT_THAT(failure->what(), HasSubstr("No such file or directory"));
 }
 
-/// The rest of the process is without privileges: root would pass every permission.
-void becomeNobody()
-{
-    constexpr uid_t kNobody = 65534;
-    if (::geteuid() == 0 && (::setgid(kNobody) != 0 || ::setuid(kNobody) != 0)) ::_exit(9);
-}
-
 /// Exit code of a child: 1 when the file could be created, 2 refused as in use, 3 refused otherwise.
 [[noreturn]] void createAsNobody(const std::string& path)
 {
@@ -219,6 +240,17 @@ TEST_F(DiskFilesTest, aFolderThatCannotBeWrittenIsRefusedAsInUse)
     ASSERT_EQ(::chmod(m_folder.path().toUtf8().constData(), 0555), 0);
     EXPECT_EXIT(createAsNobody(path("b.csv")), testing::ExitedWithCode(2), "");
     ASSERT_EQ(::chmod(m_folder.path().toUtf8().constData(), 0755), 0);
+}
+
+TEST_F(DiskFilesTest, aFileThatASharedFolderKeepsForItsOwnerIsRefusedAsInUse)
+{
+    if (::geteuid() != 0) GTEST_SKIP() << "only root can make a file that belongs to somebody else";
+    put(path("a.csv"), "old");
+    ASSERT_EQ(::chmod(path("a.csv").c_str(), 0666), 0);
+    ASSERT_EQ(::chmod(m_folder.path().toUtf8().constData(), 01777), 0);
+    EXPECT_EXIT(createAsNobody(path("a.csv")), testing::ExitedWithCode(2), ""); // the last step: may not be replaced
+    EXPECT_EQ(get(path("a.csv")), "old");
+    EXPECT_EQ(names(), QStringList{QStringLiteral("a.csv")});
 }
 
 /// Lets the process write files of at most `bytes`; beyond, writing fails as on a full disk.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "machine/settings.h"
 
+#include "machine/nobody.h"
+
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -9,7 +11,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <sys/stat.h>
+#include <unistd.h>
+
 #include <fstream>
+#include <iostream>
 #include <iterator>
 
 namespace tarvelint::test {
@@ -107,6 +113,34 @@ TEST_F(UserSettingsTest, aFolderInPlaceOfTheFileIsTroubleToo)
     UserSettings settings;
     EXPECT_EQ(settings.readSetting("Blank", "99999"), "99999");
     EXPECT_THAT(settings.trouble(), HasSubstr(file()));
+}
+
+/// A whole run as somebody without privileges; what troubles it goes to the error stream.
+[[noreturn]] void useAsNobody()
+{
+    becomeNobody();
+    {
+        UserSettings settings;
+        if (settings.readSetting("Blank", "99999") != "99999") ::_exit(2);
+        settings.writeSetting("Blank", "7");
+        std::cerr << settings.trouble();
+    }
+    ::_exit(0);
+}
+
+TEST_F(UserSettingsTest, aFileThatMayNotBeReadIsTroubleThatNamesItAndStaysUnharmed)
+{
+    put("[Settings]\nBlank=-1\n");
+    const std::string home = m_folder.path().toStdString();
+    ASSERT_EQ(::chmod(home.c_str(), 0777), 0);
+    ASSERT_EQ(::chmod((home + "/Tarvelint").c_str(), 0777), 0); // the folder would let the file be replaced
+    ASSERT_EQ(::chmod(file().c_str(), 0), 0);
+    EXPECT_EXIT(useAsNobody(), testing::ExitedWithCode(0), HasSubstr(file() + " cannot be read"));
+    struct stat status = {};
+    ASSERT_EQ(::stat(file().c_str(), &status), 0);
+    EXPECT_EQ(status.st_mode & 0777U, 0U);
+    ASSERT_EQ(::chmod(file().c_str(), 0600), 0);
+    EXPECT_EQ(stored(), "[Settings]\nBlank=-1\n");
 }
 
 TEST(RunSettings, areEmptyAtFirstAndKeepWhatTheRunWrites)

@@ -62,6 +62,18 @@ TEST(Trace, theRowUnderThePointerIsCyanInSloppyModeOnly)
     EXPECT_EQ(plot.drawn()[3], redTo(2, 104.5));
 }
 
+TEST(Trace, selectionAndPointerShowInTheCompanionToo)
+{
+    Plot plot({0, 0, 0, 0, 0});
+    plot.selStart = 1;
+    plot.selEnd = 3;
+    plot.hoverRow = 4;
+    EXPECT_THAT(plot.drawn(1), ElementsAre(moveTo(0, 104.5), lineTo(0, 104.5), lineTo(1, 104.5), redTo(2, 104.5),
+                                           redTo(3, 104.5), lineTo(4, 104.5)));
+    plot.Sloppy = true;
+    EXPECT_EQ(plot.drawn(1).back(), lineTo(4, 104.5, colors::kCyan));
+}
+
 TEST(Trace, theMainAreaShowsTheLayerOnViewAndTheCompanionTheReadings)
 {
     Plot plot({1}, {2});

@@ -154,8 +154,8 @@ TEST(ColumnSetupOk, withPreProcessTheSensorsAreCountedBetweenPreProcessAndGetBas
     window.sensors = 7;
     for (const int row : {1, 2, 3, 11}) window.dialog().setCheckBox(row, true);
     EXPECT_EQ(window.okWithPreProcess(), "");
-    EXPECT_THAT(window.calls, ElementsAre("updateLabels", "varList_Change 0, shown", "preProcess", "getBase",
-                                          "varList_Change 0, hidden, Mode: traditional, edit data"));
+    EXPECT_THAT(window.calls, ElementsAre("updateLabels", "varList_Change 0, shown", "preProcess, shown",
+                                          "getBase, shown", "varList_Change 0, hidden, Mode: traditional, edit data"));
     EXPECT_EQ(window.sensorsAtPreProcess, 7);
     EXPECT_EQ(window.sensorsAtGetBase, 8); // 12 columns less 4 marked ones
 }

@@ -47,12 +47,14 @@ public:
     void varList_Change(int index) override
     {
         TestWindow::varList_Change(index);
-        calls.back() += fakeUi.columnSetupShown ? ", shown" : ", hidden, " + text(Control::statusPanel1);
+        calls.back() += shownOrHidden();
+        if (!fakeUi.columnSetupShown) calls.back() += ", " + text(Control::statusPanel1);
         if (data.saveCheck) calls.back() += ", still unchanged";
     }
     void preProcess() override
     {
         TestWindow::preProcess();
+        calls.back() += shownOrHidden();
         sensorsAtPreProcess = sensors;
         parametersArePlaced = data.vpdCol == 10 && data.parCol == 2;
         modeIsTurbo = Turbo && !lineMode && !Sloppy && !isEnabled(Control::mnuToolsMode);
@@ -60,6 +62,7 @@ public:
     void getBase() override
     {
         TestWindow::getBase();
+        calls.back() += shownOrHidden();
         sensorsAtGetBase = sensors;
     }
 
@@ -68,6 +71,9 @@ public:
     std::int32_t sensorsAtGetBase = -1;
     bool parametersArePlaced = false;
     bool modeIsTurbo = false;
+
+private:
+    [[nodiscard]] std::string shownOrHidden() const { return fakeUi.columnSetupShown ? ", shown" : ", hidden"; }
 };
 
 } // namespace tarvelint::test

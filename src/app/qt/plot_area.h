@@ -11,13 +11,16 @@ namespace tarvelint {
 class PlotArea : public QWidget {
     Q_OBJECT
 public:
+    /// @param index  0 main area, 1 companion area
     explicit PlotArea(int index, QWidget* parent = nullptr);
 
+    /// What is drawn on it shows at the next repaint.
     [[nodiscard]] PlotSurface& surface() { return m_surface; }
     [[nodiscard]] QSize sizeHint() const override { return {640, 220}; }
     [[nodiscard]] QSize minimumSizeHint() const override { return {120, 72}; }
 
 Q_SIGNALS:
+    /// The area has another size; its surface has it already, with the pixels that still fit.
     void resized(int index);
     /// The screen's scale changed: nothing of the old pixels is left.
     void scaleChanged();
