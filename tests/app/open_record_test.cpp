@@ -248,6 +248,22 @@ TEST(OpenRecord, keepsWhatTheWindowIsSetTo)
     EXPECT_TRUE(shell.window.data.saveCheck);
 }
 
+TEST(OpenRecord, keepsTimeColumnAndLullParameters)
+{
+    Shell shell;
+    shell.window.data.timeCol = 4;
+    shell.window.data.vpdCol = 5;
+    shell.window.data.parCol = 6;
+    shell.window.data.parLimit = 0.25F;
+    shell.window.data.lullTime = 7;
+    shell.openText(kLoggerRecord);
+    EXPECT_EQ(shell.window.data.timeCol, 4);
+    EXPECT_EQ(shell.window.data.vpdCol, 5);
+    EXPECT_EQ(shell.window.data.parCol, 6);
+    EXPECT_EQ(shell.window.data.parLimit, 0.25F);
+    EXPECT_EQ(shell.window.data.lullTime, 7);
+}
+
 TEST(OpenRecord, dotsBecomeTheStoredBlank)
 {
     Shell shell;

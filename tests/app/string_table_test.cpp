@@ -189,6 +189,22 @@ TEST(LoadResStrings, anEmptyOrZeroOrNegativeTagKeepsTheCaption)
         for (const std::string tag : {"", "0", "-5", "words"}) EXPECT_EQ(captionOf(type, tag, "designed"), "designed");
 }
 
+TEST(LoadResStrings, aControlWithoutNumberKeepsItsTextsThoughTheOrganisationNumberedOneZero)
+{
+    StringTable table;
+    std::istringstream lines("0=nobody's\n");
+    table.addTexts(lines);
+    ASSERT_EQ(table.find(0), "nobody's");
+    for (const std::string tag : {"", "0", "0.4", "words"}) {
+        ResControl form{"Form", "", "form", "", {}};
+        std::vector<ResControl> controls{{"CommandButton", tag, "designed", tag, {}}};
+        loadResStrings(form, controls, table);
+        EXPECT_EQ(form.caption, "form");
+        EXPECT_EQ(controls[0].caption, "designed") << tag;
+        EXPECT_EQ(controls[0].toolTip, tag);
+    }
+}
+
 TEST(LoadResStrings, aNumberThatIsNotInTheTableOrTooLargeIsIgnoredAndTheNextStepRuns)
 {
     EXPECT_EQ(captionOf("Label", "4711", "designed"), "designed");

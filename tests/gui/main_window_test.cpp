@@ -6,6 +6,7 @@
 #include <QRegularExpression>
 #include <QScrollBar>
 
+#include <array>
 #include <cmath>
 
 namespace tarvelint::test {
@@ -255,6 +256,38 @@ private Q_SLOTS:
             QVERIFY2(desk.form->rect().contains(
                          QRect(desk.find(name)->mapTo(desk.form.data(), QPoint()), desk.find(name)->size())),
                      name);
+    }
+
+    void thePointerOverThePlotTellsTheMode()
+    {
+        Desk desk;
+        const QWidget* plot = desk.find("Picture1_0");
+        QCOMPARE(plot->cursor().shape(), Qt::ArrowCursor);
+        desk.open(TARVELINT_SAMPLE);
+        QCOMPARE(plot->cursor().shape(), Qt::CrossCursor); // select data
+        desk.click("OKButton");                            // no pre-process: one-click baseline
+        QCOMPARE(plot->cursor().shape(), Qt::SizeVerCursor);
+        QCOMPARE(desk.form->cursor().shape(), Qt::ArrowCursor); // only over the plot
+        desk.core().setPointer(Pointer::fourWay);
+        QCOMPARE(plot->cursor().shape(), Qt::SizeAllCursor);
+        desk.core().setPointer(Pointer::hourglass);
+        QCOMPARE(plot->cursor().shape(), Qt::WaitCursor);
+        QCOMPARE(desk.form->cursor().shape(), Qt::WaitCursor);
+    }
+
+    void theWayBackFromMinimisedDrawsBothPlotsAnew()
+    {
+        Desk desk;
+        desk.openSample();
+        desk.chooseFirstSensor(0);
+        desk.chooseFirstSensor(1);
+        const std::array before{desk.plot(0), desk.plot(1)};
+        desk.form->setWindowState(Qt::WindowMinimized);
+        for (int index = 0; index < 2; ++index) desk.form->surface(index).erase();
+        QVERIFY(desk.plot(0) != before[0]);
+        desk.form->setWindowState(Qt::WindowNoState);
+        QCOMPARE(desk.plot(0), before[0]);
+        QCOMPARE(desk.plot(1), before[1]);
     }
 
     void viewTogglesTheLayer()

@@ -51,6 +51,17 @@ TEST(UpdateCues, showsReadingsInTheConvertedViewToo)
     EXPECT_EQ(panel.rightCues()[0], "8.0000");
 }
 
+TEST(UpdateCues, takesDayAndTimeFromTheReadingsInTheConvertedViewToo)
+{
+    Panel panel; // parameter columns hold 0 in the converted layer
+    panel.curCol = 2;
+    panel.curLayer = kConverted;
+    panel.select(0, 1);
+    panel.cues.updateCues();
+    EXPECT_EQ(panel.leftCues(), (Texts{"1.5000", "123", "0.5"}));
+    EXPECT_EQ(panel.rightCues(), (Texts{"0.0000", "124", "12.25"}));
+}
+
 TEST(UpdateCues, aSelectionThatIsNotInsideTheRecordKeepsTheOldTexts)
 {
     for (const auto& [first, last] : {std::pair{0, 3}, {-1, 1}, {2, 1}}) {
