@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/file_commands.h"
 
+#include "app/data_commands.h"
 #include "app/window_progress.h"
 #include "data/data_file_reader.h"
 #include "data/data_file_writer.h"
@@ -17,40 +18,6 @@ const std::vector<FileDialog::Filter> kOpenFilters{{"Space Delimited (*.asc)", "
                                                    {"Comma Delimited (*.csv), (*.dat)", "*.csv *.dat"}};
 const std::vector<FileDialog::Filter> kSaveFilters{
     {"Space Delimited (*.asc)", "*.asc"}, {"Tab delimited (*.txt)", "*.txt"}, {"_Comma Delimited (*.csv)", "*.csv"}};
-
-constexpr Control kEnabledByLoad[] = {Control::labelButton,
-                                      Control::Picture1_0,
-                                      Control::HScroll1,
-                                      Control::mnuToolsMode,
-                                      Control::mnuToolsView,
-                                      Control::mnuToolsConvert,
-                                      Control::mnuToolsDelete,
-                                      Control::mnuToolsBreak,
-                                      Control::mnuToolsInterpolate,
-                                      Control::mnuToolsRecalculateSelection,
-                                      Control::mnuToolsRecalculate,
-                                      Control::mnuToolsRecalculateAll,
-                                      Control::mnuEditClear,
-                                      Control::mnuEditSelectAll,
-                                      Control::mnuViewLabels,
-                                      Control::mnuViewRefresh,
-                                      Control::viewButton,
-                                      Control::baseButton,
-                                      Control::convButton,
-                                      Control::eqButton,
-                                      Control::varList0,
-                                      Control::varList1,
-                                      Control::scaleBox0,
-                                      Control::scaleBox1,
-                                      Control::minLabel0,
-                                      Control::maxLabel0,
-                                      Control::minLabel1,
-                                      Control::maxLabel1,
-                                      Control::refCheck,
-                                      Control::labelBox,
-                                      Control::highBox,
-                                      Control::mnuFileSave,
-                                      Control::mnuFileSaveAs};
 
 /// A data set without a record that keeps what the window is set to.
 DataSet settingsOf(const DataSet& old)
@@ -192,7 +159,7 @@ void FileCommands::showColumnSetup()
 
 void FileCommands::enableForWork()
 {
-    for (const Control control : kEnabledByLoad) m_window.setEnabled(control, true);
+    for (const Control control : kDataCommands) m_window.setEnabled(control, true);
     m_window.setEnabled(Control::mnuViewZoomIn, m_window.zoomFactor < 8);
     m_window.setEnabled(Control::mnuViewZoomOut, m_window.zoomFactor > 1);
     m_window.HScroll1.Min = 0;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/lifecycle.h"
 
+#include "app/data_commands.h"
 #include "data/file_format.h"
 #include "data/settings_store.h"
 
@@ -8,45 +9,9 @@ namespace tarvelint {
 
 namespace {
 
-/// What a window without a record cannot do.
-constexpr Control kNeedRecord[] = {Control::mnuFileSave,
-                                   Control::mnuFileSaveAs,
-                                   Control::mnuEditUndo,
-                                   Control::mnuEditClear,
-                                   Control::mnuEditSelectAll,
-                                   Control::mnuViewRefresh,
-                                   Control::mnuViewLabels,
-                                   Control::mnuViewZoomIn,
-                                   Control::mnuViewZoomOut,
-                                   Control::mnuToolsMode,
-                                   Control::mnuToolsView,
-                                   Control::mnuToolsConvert,
-                                   Control::mnuToolsDelete,
-                                   Control::mnuToolsBreak,
-                                   Control::mnuToolsInterpolate,
-                                   Control::mnuToolsRecalculateSelection,
-                                   Control::mnuToolsRecalculate,
-                                   Control::mnuToolsRecalculateAll,
-                                   Control::Picture1_0,
-                                   Control::Picture1_1,
-                                   Control::HScroll1,
-                                   Control::varList0,
-                                   Control::varList1,
-                                   Control::scaleBox0,
-                                   Control::scaleBox1,
-                                   Control::minLabel0,
-                                   Control::maxLabel0,
-                                   Control::minLabel1,
-                                   Control::maxLabel1,
-                                   Control::refCheck,
-                                   Control::refBox,
-                                   Control::labelBox,
-                                   Control::labelButton,
-                                   Control::viewButton,
-                                   Control::convButton,
-                                   Control::eqButton,
-                                   Control::baseButton,
-                                   Control::highBox};
+/// Off until a record is there, like the data commands; what puts them on is not the load alone.
+constexpr Control kOffAtFirst[] = {Control::mnuEditUndo, Control::mnuViewZoomIn, Control::mnuViewZoomOut,
+                                   Control::Picture1_1, Control::refBox};
 
 } // namespace
 
@@ -55,7 +20,8 @@ void Lifecycle::Form_Load()
     applySettings();
     m_window.curLayer = kUnconverted;
     m_window.data.saveCheck = true;
-    for (const Control control : kNeedRecord) m_window.setEnabled(control, false);
+    for (const Control control : kDataCommands) m_window.setEnabled(control, false);
+    for (const Control control : kOffAtFirst) m_window.setEnabled(control, false);
     for (const Control box : {Control::scaleBox0, Control::scaleBox1, Control::labelBox, Control::mnuViewToolbar,
                               Control::mnuViewStatusBar})
         m_window.setChecked(box, true);

@@ -13,11 +13,9 @@ void WindowProgress::status(const std::string& text)
 
 void WindowProgress::row(std::int32_t row1)
 {
-    const auto now = m_window.env.clock.now();
-    if (now - m_last < kPause) return;
-    m_last = now;
+    if (!m_breather.isDue()) return;
     m_window.setText(Control::rowLabel, plainText(row1));
-    m_window.ui.letPendingEventsRun();
+    m_breather.breathe();
 }
 
 } // namespace tarvelint

@@ -2,9 +2,8 @@
 #pragma once
 
 #include "data/progress.h"
+#include "window/breather.h"
 #include "window/window.h"
-
-#include <chrono>
 
 namespace tarvelint {
 
@@ -12,15 +11,13 @@ namespace tarvelint {
 /// milliseconds, so a million rows are not a million trips through the event loop.
 class WindowProgress : public Progress {
 public:
-    static constexpr std::chrono::milliseconds kPause{30};
-
-    explicit WindowProgress(Window& window) : m_window(window), m_last(window.env.clock.now()) {}
+    explicit WindowProgress(Window& window) : m_window(window), m_breather(window) {}
     void status(const std::string& text) override;
     void row(std::int32_t row1) override;
 
 private:
     Window& m_window;
-    std::chrono::milliseconds m_last;
+    Breather m_breather;
 };
 
 /// While it lives its window shows the hourglass; then pointer, first status panel and row counter are as they were,

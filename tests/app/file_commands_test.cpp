@@ -193,7 +193,8 @@ TEST(OpenFailure, ofTheSystemNamesTheFileAndTheReason)
     shell.open("/data/missing.csv");
     EXPECT_EQ(Snapshot(shell), before);
     ASSERT_EQ(shell.fakeUi.messages.size(), 1U);
-    EXPECT_EQ(shell.fakeUi.messages[0].text, "The file /data/missing.csv cannot be opened: No such file or directory. Check its name and "
+    EXPECT_EQ(shell.fakeUi.messages[0].text,
+              "The file /data/missing.csv cannot be opened: No such file or directory. Check its name and "
               "permissions, or choose another file.");
     EXPECT_EQ(shell.fakeUi.messages[0].title, "Error reading file:");
 }
@@ -203,7 +204,7 @@ TEST(OpenFailure, aWindowThatClosesMeanwhileKeepsItsOldRecordWithoutAWord)
     Shell shell;
     shell.openText(kSavedRecord);
     const Snapshot before(shell);
-    shell.clock.step = WindowProgress::kPause; // the counter shows every row
+    shell.clock.step = Breather::kPause; // the counter shows every row
     shell.fakeUi.onPendingEvents = [&] {
         if (shell.window.text(Control::rowLabel) == "1") throw WindowClosing{};
     };
@@ -259,7 +260,7 @@ TEST(OpenProgress, pendingEventsRunByTimeAndNotAtEveryRow)
     for (int r = 0; r < 10; ++r) rows += "1,2\n";
     Texts counter;
     shell.fakeUi.onPendingEvents = [&] { counter.push_back(shell.window.text(Control::rowLabel)); };
-    shell.clock.step = WindowProgress::kPause / 3; // a third of a pause a row: every third row shows
+    shell.clock.step = Breather::kPause / 3; // a third of a pause a row: every third row shows
     shell.openText(rows);
     EXPECT_THAT(counter, ElementsAre("", "", "3", "6", "9"));
     EXPECT_EQ(shell.window.text(Control::rowLabel), "10"); // the counter ends at the number of rows
