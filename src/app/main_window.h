@@ -6,8 +6,10 @@
 #include "app/handler_boundary.h"
 #include "app/lifecycle.h"
 #include "baseline/baseline_points.h"
+#include "baseline/recalculation.h"
 #include "baseline/zero_flow.h"
 #include "edit/undo.h"
+#include "equation/conversion.h"
 #include "view/cues.h"
 #include "view/plot_rendering.h"
 #include "view/scrolling.h"
@@ -31,6 +33,8 @@ public:
     Scrolling scrolling{*this};
     Cues cues{*this};
     Undo undo{*this};
+    Conversion conversion{*this};
+    Recalculation recalculation{*this};
     FileCommands files{*this};
     Lifecycle lifecycle;
 
@@ -42,6 +46,8 @@ public:
     void HScroll1_Change() override { scrolling.HScroll1_Change(); }
     void undoSave(std::int32_t column) override { undo.undoSave(column); }
     void forgetUndo() override { undo.forget(); }
+    void skip() override { conversion.skip(); }
+    void convButton_Click() override { conversion.convButton_Click(); }
     void setPoint(std::int32_t toPoint, std::int32_t fromPoint, bool dlt) override
     {
         points.setPoint(toPoint, fromPoint, dlt);

@@ -31,14 +31,6 @@ std::int16_t knownZoom(std::int16_t factor)
     return 1;
 }
 
-bool readZero(SettingsStore& store)
-{
-    std::string text = store.readSetting("Zero", "0");
-    for (char& c : text)
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-    return text == "true" || text == "1" || text == "-1";
-}
-
 /// What is left of a screen from `start` on, when `size` would reach its far edge.
 float fittingSize(float start, float size, float screenSize)
 {
@@ -63,8 +55,16 @@ WindowSettings readWindowSettings(SettingsStore& store)
     read.blank = readBlankSetting(store);
     read.ref = store.readSetting("Ref", read.ref);
     read.high = readNumber(store, "High", std::int16_t{1}, roundToInt16) != 0;
-    read.zero = readZero(store);
+    read.zero = readZeroSetting(store);
     return read;
+}
+
+bool readZeroSetting(SettingsStore& store)
+{
+    std::string text = store.readSetting("Zero", "0");
+    for (char& c : text)
+        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
+    return text == "true" || text == "1" || text == "-1";
 }
 
 std::int32_t readBlankSetting(SettingsStore& store)

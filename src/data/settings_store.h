@@ -46,6 +46,9 @@ struct WindowSettings {
 /// The missing-value number, 99999 when the stored text is no number or does not fit.
 [[nodiscard]] std::int32_t readBlankSetting(SettingsStore& store);
 
+/// "Zero": True for 1, -1 and "True" in any case.
+[[nodiscard]] bool readZeroSetting(SettingsStore& store);
+
 /// Texts of the column set-up's boxes, with that dialog's own defaults.
 struct PreProcessSettings {
     std::string par = "3";

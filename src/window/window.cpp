@@ -133,6 +133,13 @@ void Window::showMode()
     setPointer(lineMode ? Pointer::northSouth : Pointer::cross);
 }
 
+void Window::fixblanks()
+{
+    redraw(0, true);
+    redraw(1, true);
+    updateCues();
+}
+
 bool Window::isParameterColumn(std::int32_t column) const
 {
     return labelFrm && column >= 0 && column < labelFrm->rows() && labelFrm->isParameter(column + 1);

@@ -71,6 +71,10 @@ public:
     std::vector<std::int32_t> sensorCols; ///< 1-based column of each sensor ordinal
     std::int32_t sensors = 0;
 
+    // Conversion
+    std::int32_t conversionRow = 0; ///< row being converted, for the equation's messages
+    bool stopFlag = false;          ///< Cancel was chosen in one of them; conversion commands clear it first
+
     // View
     std::int32_t curCol = -1;
     std::int32_t curSensor = -1; ///< sensor ordinal of `curCol`, or -1
@@ -137,6 +141,9 @@ public:
     /// Status text and plot pointer of the editing mode in force.
     void showMode();
 
+    /// Shows new settings (equation, columns of day and time) where they are seen; changes no data.
+    void fixblanks();
+
     // Questions that several subsystems ask.
     [[nodiscard]] bool hasRecord() const { return data.lines > 0 && data.columns > 0; }
     /// "Do not convert" of a 0-based column; False without a column setup dialog.
@@ -162,6 +169,10 @@ public:
     virtual void undoSave(std::int32_t column) = 0;
     /// There is nothing to undo any more: the record is another one.
     virtual void forgetUndo() = 0;
+    /// Moves the selection one span to the right.
+    virtual void skip() = 0;
+    /// Draws the selection's baseline and converts it with the user's equation.
+    virtual void convButton_Click() = 0;
     /// Sets a baseline point of the current sensor at row `toPoint`, moved from row `fromPoint` (-1 for a new one), or
     /// deletes the one at `toPoint` with `dlt`; baseline and flux around it follow.
     virtual void setPoint(std::int32_t toPoint, std::int32_t fromPoint, bool dlt) = 0;

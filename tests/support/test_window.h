@@ -33,6 +33,8 @@ public:
     void scrollset() override { calls.emplace_back("scrollset"); }
     void HScroll1_Change() override { calls.emplace_back("HScroll1_Change"); }
     void undoSave(std::int32_t column) override { note("undoSave", column); }
+    void skip() override { calls.emplace_back("skip"); }
+    void convButton_Click() override { calls.emplace_back("convButton_Click"); }
     void forgetUndo() override { calls.emplace_back("forgetUndo"); }
     void setPoint(std::int32_t toPoint, std::int32_t fromPoint, bool dlt) override
     {

@@ -1,0 +1,85 @@
+// SPDX-License-Identifier: MIT
+#include "baseline/recalculation.h"
+
+#include "equation/row_converter.h"
+#include "window/window.h"
+
+namespace tarvelint {
+
+void Recalculation::recalculate(std::int32_t column)
+{
+    const DataSet& data = m_window.data;
+    if (column != -1 && !data.hasColumn(column)) return;
+    const Pointer pointer = m_window.pointer;
+    m_window.setPointer(Pointer::hourglass);
+    RowConverter converter(m_window);
+    if (column == -1) {
+        convertAllColumns(converter);
+    } else {
+        m_window.selStart = 0;
+        m_window.selEnd = data.lines - 1;
+        m_window.undoSave(column);
+        convertColumn(converter, column);
+    }
+    m_window.setPointer(pointer);
+}
+
+void Recalculation::convertAllColumns(RowConverter& converter)
+{
+    for (std::int32_t column = 0; column < m_window.data.columns; ++column) {
+        // A check box holds 0 or 1, and only -1 inverts to 0: parameter columns that have a baseline are converted too.
+        const int mark = m_window.isParameterColumn(column) ? 1 : 0;
+        if (~mark == 0) continue;
+        if (!convertColumn(converter, column)) return;
+    }
+}
+
+bool Recalculation::convertColumn(RowConverter& converter, std::int32_t column)
+{
+    const DataSet& data = m_window.data;
+    for (std::int32_t row = 0; row < data.lines; ++row) {
+        if (data.isBlank(data.values(kBaseline, column, row))) continue;
+        if (!converter.convertRow(column, row)) return false;
+    }
+    return true;
+}
+
+void Recalculation::mnuToolsRecalculate_Click()
+{
+    if (!m_window.data.hasColumn(m_window.curCol)) return; // -1 would mean all of them
+    recalculate(m_window.curCol);
+    showResult();
+    m_window.markChanged();
+}
+
+void Recalculation::mnuToolsRecalculateAll_Click()
+{
+    recalculate(-1);
+    showResult();
+    m_window.markChanged();
+}
+
+void Recalculation::mnuToolsRecalculateSelection_Click()
+{
+    const Pointer pointer = m_window.pointer;
+    m_window.setPointer(Pointer::hourglass);
+    m_window.convButton_Click();
+    m_window.setPointer(pointer);
+    showResult();
+}
+
+void Recalculation::mnuEditSelectAll_Click()
+{
+    m_window.selStart = 0;
+    m_window.selEnd = m_window.data.lines - 1;
+    showResult();
+}
+
+void Recalculation::showResult()
+{
+    m_window.redraw(0, true);
+    m_window.redraw(1, true);
+    m_window.updateCues();
+}
+
+} // namespace tarvelint

@@ -1,0 +1,36 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <cstdint>
+
+namespace tarvelint {
+
+class RowConverter;
+class Window;
+
+/// Converts once more, with the user's equation, on the baselines that are there; and the commands of the Tools and
+/// Edit menus that do so.
+class Recalculation {
+public:
+    explicit Recalculation(Window& window) : m_window(window) {}
+
+    /// Every row whose baseline is not missing is converted again. A column (0-based) is selected whole and copied for
+    /// undo first; -1 takes every column, without a copy. Ends after the row in which Cancel was chosen.
+    void recalculate(std::int32_t column);
+
+    void mnuToolsRecalculate_Click();
+    void mnuToolsRecalculateAll_Click();
+    void mnuToolsRecalculateSelection_Click();
+    void mnuEditSelectAll_Click();
+
+    /// One column without selection, undo copy or pointer: the work inside `recalculate`. False after Cancel.
+    bool convertColumn(RowConverter& converter, std::int32_t column);
+
+private:
+    void convertAllColumns(RowConverter& converter);
+    void showResult();
+
+    Window& m_window;
+};
+
+} // namespace tarvelint

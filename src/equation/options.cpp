@@ -1,0 +1,120 @@
+// SPDX-License-Identifier: MIT
+#include "equation/options.h"
+
+#include "data/numbers.h"
+#include "equation/evaluator.h"
+#include "equation/validator.h"
+
+namespace tarvelint {
+
+Options::Options(SettingsStore& store) : m_store(store)
+{
+    eqBox = store.readSetting("Equation", "119*((B/X)-1)^1.23");
+    dateBox = store.readSetting("Date", "1");
+    timeBox = store.readSetting("Time", "2");
+    parBox = store.readSetting("PAR", "3");
+    vpdBox = store.readSetting("VPD", "11");
+    timiBox = store.readSetting("lullTime", "4");
+    VPDlBox = store.readSetting("VPDlimit", "0.05");
+    PARlBox = store.readSetting("PARlimit", "0.05");
+    blankBox = store.readSetting("Blank", "99999");
+    zeroBox = readZeroSetting(store);
+}
+
+bool Options::cmdApplyCur_Click()
+{
+    if (!blankIsNumeric()) return false;
+    const Numbers numbers = readNumbers();
+    applyEquation();
+    DataSet& data = parentForm->data;
+    data.dateCol = numbers.date;
+    data.timeCol = numbers.time;
+    // As typed: the column set-up counts from 0 here, this dialog from 1, and each is kept as it is.
+    data.vpdCol = numbers.vpd;
+    data.parCol = numbers.par;
+    data.lullTime = numbers.lullTime;
+    data.vpdLimit = numbers.vpdLimit;
+    data.parLimit = numbers.parLimit;
+    data.zeroOut = zeroBox;
+    parentForm->fixblanks();
+    return true;
+}
+
+bool Options::cmdApplyAll_Click(std::span<Window* const> windows)
+{
+    if (!blankIsNumeric()) return false;
+    const Numbers numbers = readNumbers();
+    applyEquation();
+    store();
+    for (Window* window : windows) {
+        window->setText(Control::FormulaBox, eqBox);
+        // The parent's, whichever window is visited: the other numbers reach windows through the store only.
+        parentForm->data.dateCol = numbers.date;
+        parentForm->data.timeCol = numbers.time;
+        window->fixblanks();
+    }
+    return true;
+}
+
+bool Options::blankIsNumeric() const
+{
+    if (isNumeric(blankBox)) return true;
+    parentForm->ui.messageBox(
+        {"You must use a number for the blank value.", "Improper setting:", Buttons::ok, Icon::critical});
+    return false;
+}
+
+namespace {
+
+template <class Convert>
+auto numberIn(const std::string& text, const char* label, Convert convert)
+{
+    try {
+        return convert(leadingNumber(text));
+    } catch (const NumericOverflow& overflow) {
+        throw CommandFailure(std::string(label) + ": " + overflow.what() + " Nothing was changed.");
+    }
+}
+
+} // namespace
+
+Options::Numbers Options::readNumbers() const
+{
+    Numbers numbers;
+    numbers.date = numberIn(dateBox, "Date column", roundToInt16);
+    numbers.time = numberIn(timeBox, "Time column", roundToInt16);
+    numbers.vpd = numberIn(vpdBox, "VPD column", roundToInt16);
+    numbers.par = numberIn(parBox, "PAR column", roundToInt16);
+    numbers.lullTime = numberIn(timiBox, "Minimum time intervals", roundToInt32);
+    numbers.vpdLimit = numberIn(VPDlBox, "VPD limit", toFloat32);
+    numbers.parLimit = numberIn(PARlBox, "PAR limit", toFloat32);
+    static_cast<void>(numberIn(blankBox, "Number for missing values", roundToInt32));
+    return numbers;
+}
+
+void Options::applyEquation()
+{
+    std::string repaired = eqBox;
+    evaluate(repaired);
+    if (repaired.size() > Evaluator::kLongestEquation)
+        throw CommandFailure("The equation is " + plainText(static_cast<std::int64_t>(repaired.size())) +
+                             " characters long, and 32767 is the most. Nothing was changed.");
+    eqBox = std::move(repaired);
+    parentForm->setText(Control::FormulaBox, eqBox);
+}
+
+void Options::store() const
+{
+    m_store.writeSetting("Equation", eqBox);
+    m_store.writeSetting("Date", dateBox);
+    m_store.writeSetting("Time", timeBox);
+    m_store.writeSetting("VPD", vpdBox);
+    m_store.writeSetting("PAR", parBox);
+    m_store.writeSetting("lullTime", timiBox);
+    m_store.writeSetting("VPDlimit", VPDlBox);
+    m_store.writeSetting("PARlimit", PARlBox);
+    m_store.writeSetting("Blank", blankBox);
+    m_store.writeSetting("Zero", zeroBox ? "1" : "0");
+}
+
+} // namespace tarvelint

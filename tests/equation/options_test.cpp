@@ -1,0 +1,197 @@
+// SPDX-License-Identifier: MIT
+#include "equation/options.h"
+
+#include "support/test_window.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <array>
+
+namespace tarvelint::test {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+
+constexpr const char* kDefault = "119*((B/X)-1)^1.23";
+
+/// Two windows with one store; the options dialog is opened for the first.
+class Desk {
+public:
+    TestWindow first;
+    TestWindow second;
+    Options options{first.settings};
+    std::array<Window*, 2> windows{&first, &second};
+
+    Desk()
+    {
+        options.parentForm = &first;
+        first.settings.log.clear();
+        for (TestWindow* window : {&first, &second}) window->setText(Control::FormulaBox, kDefault);
+    }
+    /// What a button says when it cannot be obeyed.
+    std::string refused()
+    {
+        try {
+            static_cast<void>(options.cmdApplyCur_Click());
+        } catch (const CommandFailure& failure) {
+            return failure.what();
+        }
+        return {};
+    }
+};
+
+TEST(Options, showTheStoreWithTheirOwnDefaults)
+{
+    const Desk desk;
+    const Options& o = desk.options;
+    EXPECT_EQ(o.eqBox, kDefault);
+    EXPECT_THAT((std::array{o.dateBox, o.timeBox, o.parBox, o.vpdBox, o.timiBox}),
+                ElementsAre("1", "2", "3", "11", "4"));
+    EXPECT_THAT((std::array{o.VPDlBox, o.PARlBox, o.blankBox}), ElementsAre("0.05", "0.05", "99999"));
+    EXPECT_FALSE(o.zeroBox);
+}
+
+TEST(Options, showStoredValuesNotTheWindows)
+{
+    MemorySettings store;
+    store.values = {{"Equation", "X"}, {"Date", "7"}, {"lullTime", "9"}, {"PARlimit", "0.2"}, {"Zero", "1"}};
+    const Options options(store);
+    EXPECT_EQ(options.eqBox, "X");
+    EXPECT_EQ(options.dateBox, "7");
+    EXPECT_EQ(options.timiBox, "9");
+    EXPECT_EQ(options.PARlBox, "0.2");
+    EXPECT_TRUE(options.zeroBox);
+}
+
+TEST(ChangeCurrent, appliesToTheParentOnlyAndSavesNothing)
+{
+    Desk desk;
+    desk.options.eqBox = "2X + B";
+    desk.options.dateBox = "4";
+    desk.options.timeBox = "2.5"; // halves to even
+    desk.options.vpdBox = "6";
+    desk.options.parBox = "7abc";
+    desk.options.timiBox = "nothing";
+    desk.options.VPDlBox = "0.1";
+    desk.options.PARlBox = "0.3";
+    desk.options.zeroBox = true;
+    EXPECT_TRUE(desk.options.cmdApplyCur_Click());
+    const DataSet& data = desk.first.data;
+    EXPECT_EQ(desk.options.eqBox, "2*X+B");
+    EXPECT_EQ(desk.first.text(Control::FormulaBox), "2*X+B");
+    EXPECT_EQ(data.dateCol, 4);
+    EXPECT_EQ(data.timeCol, 2);
+    EXPECT_EQ(data.vpdCol, 6); // as typed, unlike the column set-up
+    EXPECT_EQ(data.parCol, 7);
+    EXPECT_EQ(data.lullTime, 0);
+    EXPECT_EQ(data.vpdLimit, 0.1F);
+    EXPECT_EQ(data.parLimit, 0.3F);
+    EXPECT_TRUE(data.zeroOut);
+    EXPECT_EQ(desk.second.text(Control::FormulaBox), kDefault);
+    EXPECT_TRUE(desk.first.settings.log.empty());
+}
+
+TEST(ChangeCurrent, showsTheNewSettingsInTheWindow)
+{
+    Desk desk;
+    EXPECT_TRUE(desk.options.cmdApplyCur_Click());
+    EXPECT_THAT(desk.first.calls, ElementsAre("redraw 0 True", "redraw 1 True", "updateCues"));
+    EXPECT_TRUE(desk.first.data.saveCheck) << "new settings change no data";
+}
+
+TEST(ChangeCurrent, checksTheMissingValueNumberAndDoesNotApplyIt)
+{
+    Desk desk;
+    desk.options.blankBox = "-9999";
+    EXPECT_TRUE(desk.options.cmdApplyCur_Click());
+    EXPECT_EQ(desk.first.data.blank, 99999);
+}
+
+TEST(ChangeAll, savesEverythingInOrderAsTyped)
+{
+    Desk desk;
+    desk.options.eqBox = "X B";
+    desk.options.dateBox = "4abc";
+    desk.options.zeroBox = true;
+    EXPECT_TRUE(desk.options.cmdApplyAll_Click(desk.windows));
+    EXPECT_THAT(desk.first.settings.log,
+                ElementsAre("write Equation=X*B", "write Date=4abc", "write Time=2", "write VPD=11", "write PAR=3",
+                            "write lullTime=4", "write VPDlimit=0.05", "write PARlimit=0.05", "write Blank=99999",
+                            "write Zero=1"));
+}
+
+TEST(ChangeAll, givesEveryWindowTheEquationAndOnlyTheParentItsDayAndTimeColumns)
+{
+    Desk desk;
+    desk.options.eqBox = "X";
+    desk.options.dateBox = "4";
+    desk.options.timeBox = "5";
+    desk.options.vpdBox = "6";
+    desk.options.VPDlBox = "0.5";
+    EXPECT_TRUE(desk.options.cmdApplyAll_Click(desk.windows));
+    for (TestWindow* window : {&desk.first, &desk.second}) {
+        EXPECT_EQ(window->text(Control::FormulaBox), "X");
+        EXPECT_THAT(window->calls, ElementsAre("redraw 0 True", "redraw 1 True", "updateCues"));
+        EXPECT_EQ(window->data.vpdCol, -1);
+        EXPECT_EQ(window->data.vpdLimit, 0.05F);
+    }
+    EXPECT_EQ(desk.first.data.dateCol, 4);
+    EXPECT_EQ(desk.first.data.timeCol, 5);
+    EXPECT_EQ(desk.second.data.dateCol, 1);
+    EXPECT_EQ(desk.second.data.timeCol, 2);
+}
+
+TEST(OptionsFault, aMissingValueThatIsNoNumberIsRefusedByBothButtons)
+{
+    Desk desk;
+    desk.options.eqBox = "X";
+    for (const char* typed : {"abc", "", "1e400", "nan", "12abc"}) {
+        desk.options.blankBox = typed;
+        EXPECT_FALSE(desk.options.cmdApplyCur_Click());
+        EXPECT_FALSE(desk.options.cmdApplyAll_Click(desk.windows));
+    }
+    EXPECT_EQ(desk.first.fakeUi.messages.size(), 10U);
+    const Message& message = desk.first.fakeUi.messages.front();
+    EXPECT_EQ(message.text, "You must use a number for the blank value.");
+    EXPECT_EQ(message.title, "Improper setting:");
+    EXPECT_EQ(message.icon, Icon::critical);
+    EXPECT_EQ(message.buttons, Buttons::ok);
+    EXPECT_EQ(desk.first.text(Control::FormulaBox), kDefault);
+    EXPECT_TRUE(desk.first.settings.log.empty());
+}
+
+TEST(OptionsFault, aNumberThatDoesNotFitIsNamedAndNothingIsApplied)
+{
+    const std::pair<std::string Options::*, const char*> boxes[] = {{&Options::dateBox, "Date column"},
+                                                                    {&Options::timeBox, "Time column"},
+                                                                    {&Options::vpdBox, "VPD column"},
+                                                                    {&Options::parBox, "PAR column"},
+                                                                    {&Options::timiBox, "Minimum time intervals"},
+                                                                    {&Options::VPDlBox, "VPD limit"},
+                                                                    {&Options::PARlBox, "PAR limit"},
+                                                                    {&Options::blankBox, "Number for missing values"}};
+    for (const auto& [box, label] : boxes) {
+        Desk desk;
+        desk.options.eqBox = "X";
+        desk.options.*box = "1E39";
+        EXPECT_THAT(desk.refused(), HasSubstr(label));
+        EXPECT_EQ(desk.first.text(Control::FormulaBox), kDefault) << label;
+        EXPECT_THROW(static_cast<void>(desk.options.cmdApplyAll_Click(desk.windows)), CommandFailure);
+        EXPECT_TRUE(desk.first.settings.log.empty()) << label;
+    }
+}
+
+TEST(OptionsFault, anEquationThatIsTooLongOnceRepairedIsRefused)
+{
+    Desk desk;
+    desk.options.eqBox = std::string(32767, 'X'); // an "*" between every two
+    EXPECT_THAT(desk.refused(), HasSubstr("65533 characters long"));
+    EXPECT_EQ(desk.first.text(Control::FormulaBox), kDefault);
+    desk.options.eqBox = std::string(32767, '1');
+    EXPECT_TRUE(desk.options.cmdApplyCur_Click());
+}
+
+} // namespace
+} // namespace tarvelint::test
