@@ -65,6 +65,7 @@ void Lifecycle::Form_QueryUnload(bool& cancel)
     cancel = !m_asked && !m_window.data.saveCheck && !m_files.savedialog("Close window:");
     m_asked = false;
     unloadDialogs();
+    m_application.unloadOptions();
     const ClosingSettings settings{m_window.text(Control::refBox), m_window.isChecked(Control::highBox),
                                    m_window.data.dateCol, m_window.data.timeCol, m_window.zoomFactor};
     const Geometry geometry = m_window.ui.geometry();

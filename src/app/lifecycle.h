@@ -25,6 +25,9 @@ public:
     void mnuFileNew_Click();
     /// Asks about unsaved data, once, and closes this window.
     void mnuFileClose_Click();
+    /// Opens the options dialog for this window; `eqButton` selects its whole equation, to be typed over.
+    void mnuToolsOptions_Click() { m_application.showOptions(m_window, false); }
+    void eqButton_Click() { m_application.showOptions(m_window, true); }
     /// Closes every window, this one last; each asks for itself.
     void mnuFileExit_Click() { m_application.exitFrom(m_window); }
     /// Both show or hide a bar and check or clear their entry.

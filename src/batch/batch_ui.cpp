@@ -5,6 +5,14 @@ namespace tarvelint {
 
 Answer BatchUi::messageBox(const Message& message)
 {
+    if (message.buttons == Buttons::okCancel) {
+        // The equation's errors, one a row: counted, and answered as a person would who wants the rest converted.
+        if (m_errors.count++ == 0) {
+            m_errors.firstText = message.text.substr(0, message.text.find("\r\nLine is "));
+            m_errors.firstRow = m_window->conversionRow;
+        }
+        return Answer::ok;
+    }
     endProgress();
     m_err << "tarvelint-batch: " << message.text << '\n';
     return message.buttons == Buttons::ok ? Answer::ok : Answer::cancel;

@@ -5,7 +5,10 @@
 #include "window/ui.h"
 #include "window/window.h"
 
+#include <cstdint>
 #include <ostream>
+#include <string>
+#include <utility>
 
 namespace tarvelint {
 
@@ -33,6 +36,15 @@ public:
     void watch(const Window& window) { m_window = &window; }
     /// Wipes the progress line, so that what follows starts at the left.
     void endProgress();
+
+    /// What an equation could not do since the last call, in the words of its first message; `count` 0 when all was
+    /// well.
+    struct EquationErrors {
+        std::int64_t count = 0;
+        std::int32_t firstRow = 0; ///< 0-based
+        std::string firstText;
+    };
+    [[nodiscard]] EquationErrors takeEquationErrors() { return std::exchange(m_errors, {}); }
 
     void changed(Control) override {}
     void listChanged(int) override {}
@@ -63,6 +75,7 @@ private:
     bool m_showsProgress;
     const Window* m_window = nullptr;
     bool m_progressShown = false;
+    EquationErrors m_errors;
     NoSurface m_surface;
 };
 
@@ -70,6 +83,9 @@ private:
 class BatchApplication : public Application {
 public:
     [[nodiscard]] std::vector<std::string> otherCaptions(const Window&) const override { return {}; }
+    [[nodiscard]] std::vector<Window*> windows() const override { return {}; }
+    void showOptions(Window&, bool) override {}
+    void unloadOptions() override {}
     void newWindow() override {}
     void exitFrom(Window&) override {}
 };

@@ -33,6 +33,9 @@ public:
 class OneWindow : public Application {
 public:
     [[nodiscard]] std::vector<std::string> otherCaptions(const Window&) const override { return {}; }
+    [[nodiscard]] std::vector<Window*> windows() const override { return {}; }
+    void showOptions(Window&, bool) override {}
+    void unloadOptions() override {}
     void newWindow() override {}
     void exitFrom(Window&) override {}
 };

@@ -78,6 +78,14 @@ void FrmMain::installHandlers()
     m_handlers[mnuViewZoomIn] = [&core] { core.scrolling.mnuViewZoomIn_Click(); };
     m_handlers[mnuViewZoomOut] = [&core] { core.scrolling.mnuViewZoomOut_Click(); };
     m_handlers[mnuToolsView] = m_handlers[viewButton] = [&core] { core.cues.viewButton_Click(); };
+    m_handlers[mnuToolsConvert] = [&core] { core.conversion.mnuToolsConvert_Click(); };
+    m_handlers[convButton] = [&core] { core.conversion.convButton_Click(); };
+    m_handlers[mnuToolsRecalculateSelection] = [&core] { core.recalculation.mnuToolsRecalculateSelection_Click(); };
+    m_handlers[mnuToolsRecalculate] = [&core] { core.recalculation.mnuToolsRecalculate_Click(); };
+    m_handlers[mnuToolsRecalculateAll] = [&core] { core.recalculation.mnuToolsRecalculateAll_Click(); };
+    m_handlers[mnuToolsOptions] = [&core] { core.lifecycle.mnuToolsOptions_Click(); };
+    m_handlers[eqButton] = [&core] { core.lifecycle.eqButton_Click(); };
+    m_handlers[mnuEditSelectAll] = [&core] { core.recalculation.mnuEditSelectAll_Click(); };
     m_handlers[mnuHelpAbout] = [this] { m_windows.showAbout(*this); };
     m_handlers[labelButton] = [&core] { core.cues.labelButton_Click(); };
     m_handlers[baseButton] = [&core] { core.zeroFlow.baseButton_Click(); };

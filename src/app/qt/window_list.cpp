@@ -3,6 +3,7 @@
 
 #include "app/qt/frm_main.h"
 #include "app/qt/frm_splash.h"
+#include "dialogs/options_dialog.h"
 
 #include <algorithm>
 
@@ -10,6 +11,7 @@ namespace tarvelint {
 
 WindowList::~WindowList()
 {
+    delete m_options;
     for (FrmMain* form : mainWindows()) delete form;
 }
 
@@ -52,6 +54,38 @@ std::vector<std::string> WindowList::otherCaptions(const Window& self) const
         if (!window || &window->core() != &self) captions.push_back(captionOf(*form));
     }
     return captions;
+}
+
+std::vector<Window*> WindowList::windows() const
+{
+    std::vector<Window*> cores;
+    for (FrmMain* form : mainWindows()) cores.push_back(&form->core());
+    return cores;
+}
+
+void WindowList::runIn(const Window& window, const std::function<void()>& body)
+{
+    for (FrmMain* form : mainWindows())
+        if (&form->core() == &window) return form->command(body);
+}
+
+void WindowList::showOptions(Window& parent, bool selectEquation)
+{
+    if (!m_options) {
+        m_options = new OptionsDialog(
+            m_environment.settings, [this](Window& window, const auto& body) { runIn(window, body); },
+            [this] { return windows(); });
+        // Closed, it only waits for its deletion: the next opening gets a new one, filled from the store.
+        connect(m_options, &QDialog::finished, this, [this] { m_options = nullptr; });
+        opened(m_options);
+    }
+    m_options->showFor(parent);
+    if (selectEquation) m_options->selectEquation();
+}
+
+void WindowList::unloadOptions()
+{
+    if (m_options) m_options->close();
 }
 
 void WindowList::newWindow()

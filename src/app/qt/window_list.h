@@ -9,11 +9,13 @@
 #include <QPointer>
 #include <QWidget>
 
+#include <functional>
 #include <vector>
 
 namespace tarvelint {
 
 class FrmMain;
+class OptionsDialog;
 
 /// All open forms in the order of their opening: main windows, their dialogs, the splash. Main windows are made and
 /// destroyed here and nowhere else.
@@ -31,6 +33,9 @@ public:
     [[nodiscard]] std::vector<FrmMain*> mainWindows() const;
 
     [[nodiscard]] std::vector<std::string> otherCaptions(const Window& self) const override;
+    [[nodiscard]] std::vector<Window*> windows() const override;
+    void showOptions(Window& parent, bool selectEquation) override;
+    void unloadOptions() override;
     void newWindow() override;
     void exitFrom(Window& self) override;
 
@@ -44,10 +49,12 @@ Q_SIGNALS:
 private:
     [[nodiscard]] std::string captionOf(const QWidget& form) const;
     void closed(FrmMain* form);
+    void runIn(const Window& window, const std::function<void()>& body);
 
     Environment m_environment;
     const StringTable& m_table;
     std::vector<QPointer<QWidget>> m_forms;
+    QPointer<OptionsDialog> m_options;
 };
 
 } // namespace tarvelint

@@ -1,0 +1,125 @@
+// SPDX-License-Identifier: MIT
+#include "dialogs/options_dialog.h"
+
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QHBoxLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+#include <limits>
+#include <utility>
+
+namespace tarvelint {
+
+OptionsDialog::OptionsDialog(SettingsStore& store, Command command, std::function<std::vector<Window*>()> windows)
+    : m_options(store), m_command(std::move(command)), m_windows(std::move(windows))
+{
+    setObjectName(QStringLiteral("frmOptions"));
+    setWindowTitle(QStringLiteral("Options"));
+    setAttribute(Qt::WA_DeleteOnClose);
+    setAttribute(Qt::WA_QuitOnClose, false);
+    auto* column = new QVBoxLayout(this);
+    column->setSpacing(12);
+    column->addLayout(buildBoxes());
+    auto* zero = new QCheckBox(QStringLiteral("initiallize with zeros")); // spelled so on purpose: users search for it
+    zero->setObjectName(QStringLiteral("zeroBox"));
+    zero->setAccessibleName(zero->text());
+    zero->setChecked(m_options.zeroBox);
+    connect(zero, &QCheckBox::toggled, this, [this](bool checked) { m_options.zeroBox = checked; });
+    column->addWidget(zero);
+    column->addStretch();
+    column->addLayout(buildButtons());
+}
+
+QGridLayout* OptionsDialog::buildBoxes()
+{
+    auto* grid = new QGridLayout;
+    grid->setHorizontalSpacing(10);
+    m_eqBox = addBox(*grid, 0, 0, "eqBox", "Equation", &Options::eqBox);
+    m_eqBox->setMaxLength(std::numeric_limits<int>::max()); // too long is refused in words, not cut off in silence
+    m_eqBox->setMinimumWidth(34 * fontMetrics().averageCharWidth());
+    addBox(*grid, 1, 0, "dateBox", "Date column", &Options::dateBox);
+    addBox(*grid, 2, 0, "timeBox", "Time column", &Options::timeBox);
+    addBox(*grid, 3, 0, "parBox", "PAR column", &Options::parBox);
+    addBox(*grid, 4, 0, "vpdBox", "VPD column", &Options::vpdBox);
+    addBox(*grid, 5, 0, "timiBox", "Minimum time intervals", &Options::timiBox);
+    addBox(*grid, 6, 0, "VPDlBox", "VPD limit", &Options::VPDlBox);
+    addBox(*grid, 7, 0, "PARlBox", "PAR limit", &Options::PARlBox);
+    addBox(*grid, 8, 0, "blankBox", "Number for missing values", &Options::blankBox);
+    grid->setColumnStretch(1, 1);
+    return grid;
+}
+
+QLineEdit* OptionsDialog::addBox(QGridLayout& grid, int line, int column, const char* name, const char* caption,
+                                 std::string Options::*text)
+{
+    auto* label = new QLabel(QString::fromLatin1(caption));
+    auto* box = new QLineEdit(QString::fromStdString(m_options.*text));
+    box->setObjectName(QString::fromLatin1(name));
+    box->setAccessibleName(label->text());
+    box->setCursorPosition(0);
+    label->setBuddy(box);
+    grid.addWidget(label, line, column);
+    grid.addWidget(box, line, column + 1);
+    connect(box, &QLineEdit::textChanged, this,
+            [this, text](const QString& typed) { m_options.*text = typed.toStdString(); });
+    return box;
+}
+
+QBoxLayout* OptionsDialog::buildButtons()
+{
+    auto* row = new QHBoxLayout;
+    row->addStretch();
+    addButton(*row, "cmdApplyCur", "Change current", "Changes will affect current window only and won't be saved",
+              [this] { return m_options.cmdApplyCur_Click(); });
+    addButton(*row, "cmdApplyAll", "Change &all", "Changes will affect all open windows and will be saved",
+              [this] { return m_options.cmdApplyAll_Click(m_windows()); });
+    auto* cancel = new QPushButton(QStringLiteral("Cancel"));
+    cancel->setObjectName(QStringLiteral("cmdCancel"));
+    cancel->setAccessibleName(cancel->text());
+    cancel->setAutoDefault(false);
+    connect(cancel, &QPushButton::clicked, this, &QDialog::close);
+    row->addWidget(cancel);
+    return row;
+}
+
+void OptionsDialog::addButton(QBoxLayout& row, const char* name, const char* caption, const char* tip,
+                              const std::function<bool()>& work)
+{
+    auto* button = new QPushButton(QString::fromLatin1(caption));
+    button->setObjectName(QString::fromLatin1(name));
+    button->setAccessibleName(button->text().remove(u'&'));
+    button->setToolTip(QString::fromUtf8(tip));
+    connect(button, &QPushButton::clicked, this, [this, work] { apply(work); });
+    row.addWidget(button);
+}
+
+void OptionsDialog::apply(const std::function<bool()>& work)
+{
+    bool applied = false;
+    const QPointer<OptionsDialog> dialog(this); // goes with any window that closes meanwhile
+    m_command(*m_options.parentForm, [&] { applied = work(); });
+    if (!dialog) return;
+    m_eqBox->setText(QString::fromStdString(m_options.eqBox)); // as repaired
+    if (applied) close();
+}
+
+void OptionsDialog::showFor(Window& parent)
+{
+    m_options.parentForm = &parent;
+    show();
+    raise();
+    activateWindow();
+}
+
+void OptionsDialog::selectEquation()
+{
+    m_eqBox->setFocus();
+    m_eqBox->selectAll();
+}
+
+} // namespace tarvelint
