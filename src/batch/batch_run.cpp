@@ -5,6 +5,7 @@
 #include "batch/batch_ui.h"
 #include "batch/column_choice.h"
 #include "data/numbers.h"
+#include "equation/row_converter.h"
 
 #include <new>
 #include <utility>
@@ -44,6 +45,31 @@ void layBaselines(MainWindow& window, const BatchOptions& options)
     setup.boxes.PARlBox = options.parLimit;
     setup.boxes.timeBox = options.lullTime;
     setup.OKButton_Click();
+}
+
+/// Words of a message box as one line.
+std::string onOneLine(std::string text)
+{
+    for (auto at = text.find("\r\n"); at != std::string::npos; at = text.find("\r\n")) text.replace(at, 2, "");
+    return text;
+}
+
+void convertWithEquation(MainWindow& window, const BatchOptions& options, BatchUi& ui, std::ostream& err)
+{
+    if (!options.equation) return;
+    if (*options.equation != options.typedEquation && !options.quiet)
+        err << "tarvelint-batch: the equation reads " << *options.equation << '\n';
+    window.setText(Control::FormulaBox, *options.equation);
+    window.setChecked(Control::highBox, options.baselineIsHigh);
+    for (const std::int32_t column1 : window.sensorCols) {
+        RowConverter converter(window);
+        window.recalculation.convertColumn(converter, column1 - 1);
+        const auto errors = ui.takeEquationErrors();
+        if (errors.count == 0) continue;
+        err << "tarvelint-batch: " << window.data.labels[static_cast<std::size_t>(column1 - 1)] << ": "
+            << plainText(errors.count) << " equation errors, the first in row "
+            << plainText(std::int64_t{errors.firstRow} + 1) << ": " << onOneLine(errors.firstText) << '\n';
+    }
 }
 
 void save(MainWindow& window, const BatchOptions& options)
@@ -114,6 +140,7 @@ int runBatch(const BatchOptions& options, const Environment& environment, std::o
         window.lifecycle.Form_Load();
         open(window, options);
         layBaselines(window, options);
+        convertWithEquation(window, options, ui, err);
         save(window, options);
         ui.endProgress();
         if (!options.quiet) summarise(window, out);

@@ -3,6 +3,8 @@
 
 #include "data/numbers.h"
 #include "data/settings_store.h"
+#include "equation/evaluator.h"
+#include "equation/validator.h"
 
 #include <CLI/CLI.hpp>
 
@@ -33,27 +35,27 @@ struct Raw {
     bool noDots = false;
 };
 
-/// Refuses at the command line what no file could make right.
-std::string checkLimit(const std::string& text)
+/// Refuses at the command line a number that no file could make right: one that `convert` throws at.
+template <class Convert>
+std::string checkNumber(const std::string& text, Convert convert)
 {
     try {
         if (!isNumeric(text)) return "\"" + text + "\" is not a number";
-        static_cast<void>(toFloat32(leadingNumber(text)));
+        static_cast<void>(convert(leadingNumber(text)));
         return {};
     } catch (const NumericOverflow&) {
         return "\"" + text + "\" is too large";
     }
 }
 
+std::string checkLimit(const std::string& text)
+{
+    return checkNumber(text, toFloat32);
+}
+
 std::string checkWhole(const std::string& text)
 {
-    try {
-        if (!isNumeric(text)) return "\"" + text + "\" is not a number";
-        static_cast<void>(roundToInt32(leadingNumber(text)));
-        return {};
-    } catch (const NumericOverflow&) {
-        return "\"" + text + "\" is too large";
-    }
+    return checkNumber(text, roundToInt32);
 }
 
 std::string checkColumn(const std::string& text)
@@ -128,6 +130,11 @@ void addZeroFlow(CLI::App& app, Raw& raw)
         ->check(CLI::Validator(checkWhole, ""))
         ->type_name("ROWS")
         ->capture_default_str();
+    app.add_option("--equation", options.equation,
+                   "Equation in the reading X and the baseline B (default: the fixed 119*((B/X)-1)^1.23)")
+        ->type_name("TEXT");
+    app.add_flag("--baseline-is-high,!--no-baseline-is-high", options.baselineIsHigh,
+                 "With --equation: readings above their baseline count as the baseline (default), or those below");
     app.add_option("--parameters", options.parameters,
                    "Columns that are not converted: numbers, ranges and labels, such as 1-4,9,Tair "
                    "(default: 1, 2, VPD and PAR)")
@@ -144,6 +151,15 @@ void addContents(CLI::App& app, Raw& raw)
     app.add_flag("--labels", raw.options.choices.labels, "Write a labels line above each layer");
     app.add_flag("--no-dots", raw.noDots, "Write missing values as their number, not as dots");
     app.add_flag("--quiet", raw.options.quiet, "No progress and no summary");
+}
+
+void repairEquation(BatchOptions& options)
+{
+    if (!options.equation) return;
+    options.typedEquation = *options.equation;
+    evaluate(*options.equation);
+    if (options.equation->size() > Evaluator::kLongestEquation)
+        throw CLI::ValidationError("--equation", "the equation is longer than 32767 characters");
 }
 
 BatchOptions finished(Raw raw)
@@ -187,6 +203,7 @@ ParsedCommandLine parseCommandLine(int argc, const char* const* argv, std::ostre
         app.parse(argc, argv);
         if (raw.options.input.empty() || raw.options.output.empty())
             throw CLI::ValidationError("INPUT and --output", "a file name must not be empty");
+        repairEquation(raw.options);
     } catch (const CLI::Success& asked) {
         app.exit(asked, out, err);
         return {};

@@ -21,6 +21,9 @@ struct BatchOptions {
     std::string vpdLimit = "0.05";
     std::string parLimit = "0.01";
     std::string lullTime = "3";
+    std::optional<std::string> equation; ///< repaired; none: the fixed conversion
+    std::string typedEquation;           ///< as it stood on the command line
+    bool baselineIsHigh = true;
     std::optional<std::string> parameters; ///< columns that are not converted; none: 1, 2, VPD and PAR
     SaveChoices choices;
     std::int32_t blank = 99999;

@@ -1,0 +1,98 @@
+// SPDX-License-Identifier: MIT
+#include "batch/batch_run.h"
+
+#include "batch/options.h"
+#include "support/doubles.h"
+
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+namespace tarvelint::test {
+namespace {
+
+/// PAR, VPD and a sensor over two nights; points come to rows 5 and 39, so rows 5 to 39 have a baseline.
+class EquationRun : public testing::Test {
+protected:
+    MemorySettings settings;
+    FixedStyle style;
+    MemoryFiles files;
+    ManualClock clock;
+    std::ostringstream out;
+    std::ostringstream err;
+
+    EquationRun()
+    {
+        std::string& text = files.contents["in.csv"];
+        text = "PAR,VPD,S\r\n";
+        for (int row = 0; row < 40; ++row) {
+            const bool night = row < 10 || row >= 30;
+            text += night ? "0,0.01," : "500,1.5,";
+            text += row == 5 || row == 35 || row == 39 ? "1000\r\n" : night ? "990\r\n" : "800\r\n";
+        }
+    }
+    /// The converted layer's rows; "" when the run failed.
+    std::string run(std::vector<const char*> more)
+    {
+        std::vector<const char*> arguments{
+            "tarvelint-batch", "in.csv", "-o",       "out.csv",   "--vpd-column", "2", "--par-column", "1",
+            "--parameters",    "1,2",    "--layers", "converted", "--no-header"};
+        arguments.insert(arguments.end(), more.begin(), more.end());
+        const auto line = parseCommandLine(static_cast<int>(arguments.size()), arguments.data(), out, err);
+        if (!line.options) return {};
+        EXPECT_EQ(runBatch(*line.options, {settings, style, files, clock}, out, err, false), kDone) << err.str();
+        return files.contents["out.csv"];
+    }
+};
+
+TEST_F(EquationRun, theDefaultEquationGivesWhatTheFixedConversionGives)
+{
+    const std::string fixed = run({});
+    EXPECT_EQ(run({"--equation", "119*((B/X)-1)^1.23"}), fixed);
+    EXPECT_TRUE(err.str().empty());
+}
+
+TEST_F(EquationRun, valuesComeFromTheEquationWhereThereIsABaseline)
+{
+    const std::string rows = run({"--equation", "B-X"});
+    // Row 10 is by day: 1000 - 800; rows before the first point have no baseline.
+    EXPECT_TRUE(rows.starts_with(".,.,.,\r\n"));
+    EXPECT_NE(rows.find(".,.,200,\r\n"), std::string::npos);
+}
+
+TEST_F(EquationRun, aRepairedEquationIsShown)
+{
+    run({"--equation", "2X + B"});
+    EXPECT_EQ(err.str(), "tarvelint-batch: the equation reads 2*X+B\n");
+    err.str("");
+    run({"--equation", "2X + B", "--quiet"});
+    EXPECT_TRUE(err.str().empty());
+}
+
+TEST_F(EquationRun, theSideOfTheBaselineCanBeChosen)
+{
+    EXPECT_NE(run({"--equation", "X"}).find(".,.,800,\r\n"), std::string::npos);
+    const std::string low = run({"--equation", "X", "--no-baseline-is-high"});
+    EXPECT_EQ(low.find(".,.,800,\r\n"), std::string::npos); // raised to the baseline
+    EXPECT_NE(low.find(".,.,1000,\r\n"), std::string::npos);
+    EXPECT_NE(run({"--equation", "X", "--baseline-is-high"}).find(".,.,800,\r\n"), std::string::npos);
+}
+
+TEST_F(EquationRun, errorsAreCountedOnceASensorWithTheirFirstRow)
+{
+    run({"--equation", "X/(B-B)", "--quiet"});
+    // Rows 6 to 40 as a person counts them, 35 in all.
+    EXPECT_EQ(err.str(),
+              "tarvelint-batch: S: 35 equation errors, the first in row 6: Division by Zero! This was caused "
+              "by (B-B)\n");
+}
+
+TEST_F(EquationRun, anEquationThatIsTooLongIsAWrongCommandLine)
+{
+    const std::string equation(32768, '1');
+    EXPECT_TRUE(run({"--equation", equation.c_str()}).empty());
+    EXPECT_NE(err.str().find("32767"), std::string::npos);
+}
+
+} // namespace
+} // namespace tarvelint::test
