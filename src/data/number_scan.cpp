@@ -84,11 +84,29 @@ const char* scanDigits(const char* at, const char* last, std::uint64_t& mantissa
     return at;
 }
 
+/// The common field at the end of a text. A number of an equation is such a text, read again for every logger row: the
+/// branches come out the same each time, and the processor learns them.
+const char* scanTail(const char* first, const char* last, double& magnitude)
+{
+    std::uint32_t mantissa = 0;
+    const char* at = first;
+    for (; at != last && isDigit(*at); ++at) mantissa = mantissa * 10 + static_cast<std::uint32_t>(*at - '0');
+    const char* const wholeEnd = at;
+    std::size_t decimals = 0;
+    if (at != last && *at == '.')
+        for (++at; at != last && isDigit(*at); ++at, ++decimals)
+            mantissa = mantissa * 10 + static_cast<std::uint32_t>(*at - '0');
+    if ((wholeEnd == first && decimals == 0) || (at != last && (*at | 0x20) == 'e')) return nullptr;
+    magnitude = decimals == 0 ? mantissa : mantissa / kExactPowers[decimals];
+    return at;
+}
+
 /// The common field, at most seven characters without sign and exponent ("12.3456"), from a single block.
 /// Returns nullptr for anything else, and then leaves `magnitude` alone.
 const char* scanShort(const char* first, const char* last, double& magnitude)
 {
-    if (!kBlocksWork || last - first < kBlock) return nullptr;
+    if (last - first < kBlock) return scanTail(first, last, magnitude);
+    if (!kBlocksWork) return nullptr;
     std::uint64_t block = loadBlock(first);
     std::uint64_t marks = notDigits(block);
     const unsigned whole = bytesBefore(marks);

@@ -5,6 +5,7 @@
 #include "data/numbers.h"
 #include "window/window.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <optional>
@@ -13,17 +14,26 @@ namespace tarvelint {
 
 namespace {
 
-enum class Kind : unsigned char { other, open, close, sum, product, power };
+/// What a character is to the split.
+struct Role {
+    signed char step = 0;      ///< how it changes what is left of the balance
+    unsigned char binding = 0; ///< 1 for "+" and "-", 2 for "*" and "/", 3 for "^"
+};
 
-constexpr std::array<Kind, 256> kKinds = [] {
-    std::array<Kind, 256> kinds{};
-    kinds['('] = Kind::open;
-    kinds[')'] = Kind::close;
-    kinds['+'] = kinds['-'] = Kind::sum;
-    kinds['*'] = kinds['/'] = Kind::product;
-    kinds['^'] = Kind::power;
-    return kinds;
+constexpr std::array<Role, 256> kRoles = [] {
+    std::array<Role, 256> roles{};
+    roles['('].step = -1;
+    roles[')'].step = 1;
+    roles['+'].binding = roles['-'].binding = 1;
+    roles['*'].binding = roles['/'].binding = 2;
+    roles['^'].binding = 3;
+    return roles;
 }();
+
+constexpr Role roleOf(char c)
+{
+    return kRoles[static_cast<unsigned char>(c)];
+}
 
 constexpr std::size_t kNowhere = std::string_view::npos;
 
@@ -31,21 +41,23 @@ constexpr std::size_t kNowhere = std::string_view::npos;
 /// Only counts are compared. One pass from the right finds all three, because what is after a place is then known.
 std::size_t splitPlace(std::string_view text)
 {
-    std::array<std::size_t, 3> found{kNowhere, kNowhere, kNowhere};
+    std::size_t sum = kNowhere;
+    std::size_t product = kNowhere;
+    std::size_t power = kNowhere;
     int balance = 0;
     for (std::size_t i = text.size(); i-- > 0;) {
-        const Kind kind = kKinds[static_cast<unsigned char>(text[i])];
-        switch (kind) {
-        case Kind::other: break;
-        case Kind::open: ++balance; break;
-        case Kind::close: --balance; break;
-        default:
-            if (balance == 0) found[static_cast<std::size_t>(kind) - static_cast<std::size_t>(Kind::sum)] = i;
-        }
+        const Role role = roleOf(text[i]);
+        balance += role.step;
+        if (role.binding == 0 || balance != 0) continue;
+        if (role.binding == 1)
+            sum = i;
+        else if (role.binding == 2)
+            product = i;
+        else
+            power = i;
     }
-    for (const std::size_t place : found)
-        if (place != kNowhere) return place;
-    return kNowhere;
+    if (sum != kNowhere) return sum;
+    return product != kNowhere ? product : power;
 }
 
 std::string_view withoutOuterPair(std::string_view text)
@@ -85,50 +97,41 @@ double Evaluator::evaluate(std::string_view text, double source, double base)
 {
     m_pending.clear();
     for (;;) {
-        for (std::size_t place = splitPlace(text); place != kNowhere; place = splitPlace(text)) {
+        for (auto place = splitPlace(text); place != kNowhere; place = splitPlace(text)) {
             m_pending.push_back({text.substr(place + 1), text[place]});
             text = withoutOuterPair(text.substr(0, place));
         }
         double value = leaf(text, source, base);
-        if (!climb(value, text)) return value;
-    }
-}
-
-/// Gives `value` to the operators that wait for it. True when one of them needs its right operand next, which `text`
-/// then is; False when `value` has become the value of the whole.
-bool Evaluator::climb(double& value, std::string_view& text)
-{
-    while (!m_pending.empty()) {
-        Pending& node = m_pending.back();
-        if (!node.leftDone) {
-            node.leftDone = true;
-            node.left = value;
-            if (!m_window.stopFlag) {
+        for (;; m_pending.pop_back()) {
+            if (m_pending.empty()) return value;
+            Pending& node = m_pending.back();
+            if (node.leftDone) {
+                value = combine(node.left, value, node);
+            } else if (m_window.stopFlag) {
+                value = combine(value, 0, node); // after Cancel no further operand is evaluated
+            } else {
+                node.left = value;
+                node.leftDone = true;
                 text = withoutOuterPair(node.right);
-                return true;
+                break;
             }
-            value = 0; // after Cancel no further operand is evaluated
         }
-        const Pending done = node;
-        m_pending.pop_back();
-        value = combine(done, value);
     }
-    return false;
 }
 
-double Evaluator::combine(const Pending& node, double right)
+double Evaluator::combine(double left, double right, const Pending& node)
 {
     switch (node.op) {
-    case '+': return node.left + right;
-    case '-': return node.left - right;
-    case '*': return node.left * right;
+    case '+': return left + right;
+    case '-': return left - right;
+    case '*': return left * right;
     case '/':
-        if (right != 0) return node.left / right;
+        if (right != 0) return left / right;
         ask("Division by Zero! \r\nThis was caused by " + std::string(node.right));
         return 0;
     default:
-        if (!(node.left < 0) || std::floor(right) == right) return std::pow(node.left, right);
-        ask("Invalid power operation! \r\n" + generalText(node.left) + "^" + generalText(right));
+        if (!(left < 0) || std::floor(right) == right) return std::pow(left, right);
+        ask("Invalid power operation! \r\n" + generalText(left) + "^" + generalText(right));
         return 0;
     }
 }

@@ -43,8 +43,7 @@ private:
     };
 
     [[nodiscard]] double evaluate(std::string_view text, double source, double base);
-    [[nodiscard]] bool climb(double& value, std::string_view& text);
-    [[nodiscard]] double combine(const Pending& node, double right);
+    [[nodiscard]] double combine(double left, double right, const Pending& node);
     void ask(const std::string& what);
 
     Window& m_window;

@@ -7,7 +7,6 @@
 
 #include <cmath>
 #include <limits>
-#include <random>
 
 namespace tarvelint::test {
 namespace {
@@ -196,41 +195,6 @@ TEST(EvaluatorLongTexts, chainsAndNestsAsLongAsATextMayBeEndInAValue)
     EXPECT_EQ(bench.value(std::string(10000, '(') + "X" + std::string(10000, ')')), 0);
     EXPECT_EQ(bench.value(std::string(32000, '(')), 0);
     EXPECT_EQ(bench.value(std::string(32000, '9')), std::numeric_limits<double>::infinity());
-}
-
-/// Random equations: from the grammar, or of any characters at all.
-std::string randomEquation(std::mt19937& random, int depth)
-{
-    const auto pick = [&](unsigned count) { return random() % count; };
-    if (depth == 0 || pick(3) == 0) {
-        static const char* const kLeaves[] = {"X", "B", "x", "b", "2", "0", ".5", "1E3", "", "7.25"};
-        return kLeaves[pick(std::size(kLeaves))];
-    }
-    const std::string inner = randomEquation(random, depth - 1) + "+-*/^"[pick(5)] + randomEquation(random, depth - 1);
-    switch (pick(4)) {
-    case 0: return inner;
-    case 1: return "(" + inner;
-    default: return "(" + inner + ")";
-    }
-}
-
-TEST(EvaluatorProperty, anyTextEvaluatesAndDoesSoTheSameTwice)
-{
-    Bench bench;
-    std::mt19937 random(20261120);
-    for (int i = 0; i < 20000; ++i) {
-        std::string equation = randomEquation(random, 5);
-        if (i % 3 == 0)
-            for (int j = 0; j < 4; ++j)
-                equation.insert(equation.begin() + static_cast<std::ptrdiff_t>(random() % (equation.size() + 1)),
-                                static_cast<char>(random() % 256));
-        bench.fakeUi.answers.assign(400, Answer::ok);
-        const double first = bench.value(equation, 1.5, 2.5);
-        bench.fakeUi.answers.assign(400, Answer::ok);
-        const double second = bench.value(equation, 1.5, 2.5);
-        EXPECT_TRUE(first == second || (std::isnan(first) && std::isnan(second))) << equation;
-        bench.fakeUi.messages.clear();
-    }
 }
 
 TEST(Chop, multipliesNumbersAndLettersThatStandTogether)
