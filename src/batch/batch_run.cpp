@@ -57,7 +57,9 @@ std::string onOneLine(std::string text)
 void convertWithEquation(MainWindow& window, const BatchOptions& options, BatchUi& ui, std::ostream& err)
 {
     if (!options.equation) return;
-    if (*options.equation != options.typedEquation && !options.quiet)
+    if (options.equation->empty())
+        err << "tarvelint-batch: the equation is empty, so every converted value is 0\n";
+    else if (*options.equation != options.typedEquation && !options.quiet)
         err << "tarvelint-batch: the equation reads " << *options.equation << '\n';
     window.setText(Control::FormulaBox, *options.equation);
     window.setChecked(Control::highBox, options.baselineIsHigh);
@@ -66,8 +68,8 @@ void convertWithEquation(MainWindow& window, const BatchOptions& options, BatchU
         window.recalculation.convertColumn(converter, column1 - 1);
         const auto errors = ui.takeEquationErrors();
         if (errors.count == 0) continue;
-        err << "tarvelint-batch: " << window.data.labels[static_cast<std::size_t>(column1 - 1)] << ": "
-            << plainText(errors.count) << " equation errors, the first in row "
+        err << "tarvelint-batch: " << window.data.labels[static_cast<std::size_t>(column1 - 1)]
+            << ": equation errors: " << plainText(errors.count) << ", the first in row "
             << plainText(std::int64_t{errors.firstRow} + 1) << ": " << onOneLine(errors.firstText) << '\n';
     }
 }

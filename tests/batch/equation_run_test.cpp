@@ -69,6 +69,16 @@ TEST_F(EquationRun, aRepairedEquationIsShown)
     EXPECT_TRUE(err.str().empty());
 }
 
+// An unset variable of a script looks like this: it is an equation, but not in silence.
+TEST_F(EquationRun, anEmptyEquationGivesZerosAndSaysSo)
+{
+    for (const char* const empty : {"", "  "}) {
+        EXPECT_NE(run({"--equation", empty, "--quiet"}).find(".,.,0,\r\n"), std::string::npos);
+        EXPECT_EQ(err.str(), "tarvelint-batch: the equation is empty, so every converted value is 0\n");
+        err.str("");
+    }
+}
+
 TEST_F(EquationRun, theSideOfTheBaselineCanBeChosen)
 {
     EXPECT_NE(run({"--equation", "X"}).find(".,.,800,\r\n"), std::string::npos);
@@ -83,7 +93,7 @@ TEST_F(EquationRun, errorsAreCountedOnceASensorWithTheirFirstRow)
     run({"--equation", "X/(B-B)", "--quiet"});
     // Rows 6 to 40 as a person counts them, 35 in all.
     EXPECT_EQ(err.str(),
-              "tarvelint-batch: S: 35 equation errors, the first in row 6: Division by Zero! This was caused "
+              "tarvelint-batch: S: equation errors: 35, the first in row 6: Division by Zero! This was caused "
               "by (B-B)\n");
 }
 

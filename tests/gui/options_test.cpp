@@ -132,6 +132,20 @@ private Q_SLOTS:
         QVERIFY(!desk.settings.values.contains("Blank"));
     }
 
+    void anEquationTooLongIsRefusedInWordsAndStaysToBeMended()
+    {
+        Desk desk;
+        desk.click("eqButton");
+        const QString typed(32768, u'1');
+        in<QLineEdit>(openDialog(), "eqBox")->insert(typed);
+        desk.answer(QMessageBox::Ok);
+        press(openDialog(), "cmdApplyCur");
+        QVERIFY2(desk.said.contains(QStringLiteral("32768")), qPrintable(desk.said));
+        QVERIFY(openDialog());
+        QCOMPARE(in<QLineEdit>(openDialog(), "eqBox")->text(), typed);
+        QCOMPARE(desk.text("FormulaBox"), QString::fromLatin1(kDefault));
+    }
+
     void oneDialogServesAllWindowsAndGoesWithTheFirstThatCloses()
     {
         Desk desk;
