@@ -8,6 +8,7 @@
 #include "baseline/baseline_points.h"
 #include "baseline/recalculation.h"
 #include "baseline/zero_flow.h"
+#include "edit/selection.h"
 #include "edit/undo.h"
 #include "equation/conversion.h"
 #include "view/cues.h"
@@ -33,6 +34,7 @@ public:
     Scrolling scrolling{*this};
     Cues cues{*this};
     Undo undo{*this};
+    Selection selection{*this};
     Conversion conversion{*this};
     Recalculation recalculation{*this};
     FileCommands files{*this};

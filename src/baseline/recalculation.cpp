@@ -68,13 +68,6 @@ void Recalculation::mnuToolsRecalculateSelection_Click()
     showResult();
 }
 
-void Recalculation::mnuEditSelectAll_Click()
-{
-    m_window.selStart = 0;
-    m_window.selEnd = m_window.data.lines - 1;
-    showResult();
-}
-
 void Recalculation::showResult()
 {
     m_window.redraw(0, true);

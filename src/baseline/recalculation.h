@@ -8,8 +8,7 @@ namespace tarvelint {
 class RowConverter;
 class Window;
 
-/// Converts once more, with the user's equation, on the baselines that are there; and the commands of the Tools and
-/// Edit menus that do so.
+/// Converts once more, with the user's equation, on the baselines that are there.
 class Recalculation {
 public:
     explicit Recalculation(Window& window) : m_window(window) {}
@@ -21,7 +20,6 @@ public:
     void mnuToolsRecalculate_Click();
     void mnuToolsRecalculateAll_Click();
     void mnuToolsRecalculateSelection_Click();
-    void mnuEditSelectAll_Click();
 
     /// One column without selection, undo copy or pointer: the work inside `recalculate`. False after Cancel.
     bool convertColumn(RowConverter& converter, std::int32_t column);

@@ -146,22 +146,5 @@ TEST(RecalculateEntries, selectionConvertsAsTheButtonDoesAndRedraws)
     EXPECT_THAT(record.calls, ElementsAre("convButton_Click", "redraw 0 True", "redraw 1 True", "updateCues"));
 }
 
-TEST(RecalculateEntries, selectAllTakesTheWholeRecord)
-{
-    Record record;
-    record.recalculation.mnuEditSelectAll_Click();
-    EXPECT_EQ(record.selStart, 0);
-    EXPECT_EQ(record.selEnd, 2);
-    EXPECT_THAT(record.calls, ElementsAre("redraw 0 True", "redraw 1 True", "updateCues"));
-    EXPECT_TRUE(record.data.saveCheck);
-}
-
-TEST(RecalculateEntries, selectAllOfNothingEndsBeforeItBegins)
-{
-    TestWindow empty;
-    Recalculation(empty).mnuEditSelectAll_Click();
-    EXPECT_EQ(empty.selEnd, -1);
-}
-
 } // namespace
 } // namespace tarvelint::test

@@ -85,7 +85,7 @@ void FrmMain::installHandlers()
     m_handlers[mnuToolsRecalculateAll] = [&core] { core.recalculation.mnuToolsRecalculateAll_Click(); };
     m_handlers[mnuToolsOptions] = [&core] { core.lifecycle.mnuToolsOptions_Click(); };
     m_handlers[eqButton] = [&core] { core.lifecycle.eqButton_Click(); };
-    m_handlers[mnuEditSelectAll] = [&core] { core.recalculation.mnuEditSelectAll_Click(); };
+    m_handlers[mnuEditSelectAll] = [&core] { core.selection.mnuEditSelectAll_Click(); };
     m_handlers[mnuHelpAbout] = [this] { m_windows.showAbout(*this); };
     m_handlers[labelButton] = [&core] { core.cues.labelButton_Click(); };
     m_handlers[baseButton] = [&core] { core.zeroFlow.baseButton_Click(); };
@@ -235,7 +235,7 @@ void FrmMain::closeEvent(QCloseEvent* event)
         m_core.lifecycle.Form_QueryUnload(cancel);
         stays = cancel;
     });
-    if (stays) return;
+    if (stays) return redrawBoth(); // a conversion that was broken off has changed data
     event->accept();
     m_closed = true;
     Q_EMIT closed();
