@@ -6,6 +6,7 @@
 #include "batch/column_choice.h"
 #include "data/numbers.h"
 #include "equation/row_converter.h"
+#include "equation/validator.h"
 
 #include <new>
 #include <utility>
@@ -54,23 +55,38 @@ std::string onOneLine(std::string text)
     return text;
 }
 
-void convertWithEquation(MainWindow& window, const BatchOptions& options, BatchUi& ui, std::ostream& err)
+/// What the user should know about an equation that is not taken as it was typed, or not as it was meant.
+void announceEquation(const BatchOptions& options, BatchUi& ui)
+{
+    if (options.equation->empty())
+        ui.message() << "the equation is empty, so every converted value is 0\n";
+    else if (!repairedEquation(options.typedEquation))
+        ui.message()
+            << "the equation cannot be repaired, because nothing stands before a \")\"; it is taken as typed\n";
+    else if (*options.equation != options.typedEquation && !options.quiet)
+        ui.message() << "the equation reads " << *options.equation << '\n';
+}
+
+void reportErrors(const BatchUi::EquationErrors& errors, const std::string& label, BatchUi& ui)
+{
+    if (errors.count == 0) return;
+    ui.message() << label << ": equation errors: " << plainText(errors.count) << ", the first in row "
+                 << plainText(std::int64_t{errors.firstRow} + 1) << ": " << onOneLine(errors.firstText) << '\n';
+}
+
+void convertWithEquation(MainWindow& window, const BatchOptions& options, BatchUi& ui)
 {
     if (!options.equation) return;
-    if (options.equation->empty())
-        err << "tarvelint-batch: the equation is empty, so every converted value is 0\n";
-    else if (*options.equation != options.typedEquation && !options.quiet)
-        err << "tarvelint-batch: the equation reads " << *options.equation << '\n';
+    announceEquation(options, ui);
     window.setText(Control::FormulaBox, *options.equation);
     window.setChecked(Control::highBox, options.baselineIsHigh);
+    window.setText(Control::rowLabel, "");
     for (const std::int32_t column1 : window.sensorCols) {
+        const std::string& label = window.data.labels[static_cast<std::size_t>(column1 - 1)];
+        window.setStatus(1, "Converting " + label);
         RowConverter converter(window);
         window.recalculation.convertColumn(converter, column1 - 1);
-        const auto errors = ui.takeEquationErrors();
-        if (errors.count == 0) continue;
-        err << "tarvelint-batch: " << window.data.labels[static_cast<std::size_t>(column1 - 1)]
-            << ": equation errors: " << plainText(errors.count) << ", the first in row "
-            << plainText(std::int64_t{errors.firstRow} + 1) << ": " << onOneLine(errors.firstText) << '\n';
+        reportErrors(ui.takeEquationErrors(), label, ui);
     }
 }
 
@@ -142,7 +158,7 @@ int runBatch(const BatchOptions& options, const Environment& environment, std::o
         window.lifecycle.Form_Load();
         open(window, options);
         layBaselines(window, options);
-        convertWithEquation(window, options, ui, err);
+        convertWithEquation(window, options, ui);
         save(window, options);
         ui.endProgress();
         if (!options.quiet) summarise(window, out);
@@ -152,11 +168,10 @@ int runBatch(const BatchOptions& options, const Environment& environment, std::o
     } catch (const std::exception& failure) {
         reason = failure.what();
     }
-    ui.endProgress();
     // Some reasons are fixed texts that name no file; a loop over many files has to tell which one it was.
     const bool namesFile =
         reason.find(options.input) != std::string::npos || reason.find(options.output) != std::string::npos;
-    err << "tarvelint-batch: " << (namesFile ? "" : options.input + ": ") << reason << '\n';
+    ui.message() << (namesFile ? "" : options.input + ": ") << reason << '\n';
     return kDataFault;
 }
 

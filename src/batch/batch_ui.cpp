@@ -3,19 +3,24 @@
 
 namespace tarvelint {
 
-Answer BatchUi::messageBox(const Message& message)
+Answer BatchUi::messageBox(const Message& box)
 {
-    if (message.buttons == Buttons::okCancel) {
+    if (box.buttons == Buttons::okCancel) {
         // The equation's errors, one a row: counted, and answered as a person would who wants the rest converted.
         if (m_errors.count++ == 0) {
-            m_errors.firstText = message.text.substr(0, message.text.find("\r\nLine is "));
+            m_errors.firstText = box.text.substr(0, box.text.find("\r\nLine is "));
             m_errors.firstRow = m_window->conversionRow;
         }
         return Answer::ok;
     }
+    message() << box.text << '\n';
+    return box.buttons == Buttons::ok ? Answer::ok : Answer::cancel;
+}
+
+std::ostream& BatchUi::message()
+{
     endProgress();
-    m_err << "tarvelint-batch: " << message.text << '\n';
-    return message.buttons == Buttons::ok ? Answer::ok : Answer::cancel;
+    return m_err << "tarvelint-batch: ";
 }
 
 void BatchUi::letPendingEventsRun()

@@ -34,6 +34,8 @@ public:
     BatchUi(std::ostream& err, bool showsProgress) : m_err(err), m_showsProgress(showsProgress) {}
     /// Progress is read off this window from now on.
     void watch(const Window& window) { m_window = &window; }
+    /// The error stream, at the start of a line of the program's own.
+    [[nodiscard]] std::ostream& message();
     /// Wipes the progress line, so that what follows starts at the left.
     void endProgress();
 
@@ -54,7 +56,7 @@ public:
     [[nodiscard]] Surface& surface(int) override { return m_surface; }
     void focus(Control) override {}
     void beep() override {}
-    Answer messageBox(const Message& message) override;
+    Answer messageBox(const Message& box) override;
     [[nodiscard]] std::optional<ChosenFile> openFileDialog(const FileDialog&) override { return {}; }
     [[nodiscard]] std::optional<ChosenFile> saveFileDialog(const FileDialog&) override { return {}; }
     void showColumnSetup(bool) override {}
@@ -83,7 +85,6 @@ private:
 class BatchApplication : public Application {
 public:
     [[nodiscard]] std::vector<std::string> otherCaptions(const Window&) const override { return {}; }
-    [[nodiscard]] std::vector<Window*> windows() const override { return {}; }
     void showOptions(Window&, bool) override {}
     void unloadOptions() override {}
     void newWindow() override {}

@@ -159,7 +159,8 @@ void repairEquation(BatchOptions& options)
     options.typedEquation = *options.equation;
     evaluate(*options.equation);
     if (options.equation->size() > Evaluator::kLongestEquation)
-        throw CLI::ValidationError("--equation", "the equation is longer than 32767 characters");
+        throw CLI::ValidationError("--equation", "the equation is longer than " +
+                                                     std::to_string(Evaluator::kLongestEquation) + " characters");
 }
 
 BatchOptions finished(Raw raw)

@@ -7,9 +7,23 @@
 
 namespace tarvelint {
 
+namespace {
+
+template <class Convert>
+auto numberIn(const std::string& text, const char* label, Convert convert)
+{
+    try {
+        return convert(leadingNumber(text));
+    } catch (const NumericOverflow& overflow) {
+        throw CommandFailure(std::string(label) + ", \"" + text + "\": " + overflow.what() + " Nothing was changed.");
+    }
+}
+
+} // namespace
+
 Options::Options(SettingsStore& store) : m_store(store)
 {
-    eqBox = store.readSetting("Equation", "119*((B/X)-1)^1.23");
+    eqBox = store.readSetting("Equation", WindowSettings{}.equation);
     dateBox = store.readSetting("Date", "1");
     timeBox = store.readSetting("Time", "2");
     parBox = store.readSetting("PAR", "3");
@@ -64,20 +78,6 @@ bool Options::blankIsNumeric() const
     return false;
 }
 
-namespace {
-
-template <class Convert>
-auto numberIn(const std::string& text, const char* label, Convert convert)
-{
-    try {
-        return convert(leadingNumber(text));
-    } catch (const NumericOverflow& overflow) {
-        throw CommandFailure(std::string(label) + ": " + overflow.what() + " Nothing was changed.");
-    }
-}
-
-} // namespace
-
 Options::Numbers Options::readNumbers() const
 {
     Numbers numbers;
@@ -97,8 +97,8 @@ void Options::applyEquation()
     std::string repaired = eqBox;
     evaluate(repaired);
     if (repaired.size() > Evaluator::kLongestEquation)
-        throw CommandFailure("The equation is " + plainText(static_cast<std::int64_t>(repaired.size())) +
-                             " characters long, and 32767 is the most. Nothing was changed.");
+        throw CommandFailure("The equation is " + std::to_string(repaired.size()) + " characters long, and " +
+                             std::to_string(Evaluator::kLongestEquation) + " is the most. Nothing was changed.");
     eqBox = std::move(repaired);
     parentForm->setText(Control::FormulaBox, eqBox);
 }

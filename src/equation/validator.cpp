@@ -75,12 +75,17 @@ private:
 
 } // namespace
 
-std::string evaluate(std::string& equation)
+std::optional<std::string> repairedEquation(std::string_view equation)
 {
     Repair repair;
     for (const char c : equation)
-        if (!repair.take(c)) return equation;
-    if (!equation.empty()) equation = std::move(repair.kept());
+        if (!repair.take(c)) return {};
+    return std::move(repair.kept());
+}
+
+std::string evaluate(std::string& equation)
+{
+    if (auto repaired = repairedEquation(equation)) equation = *std::move(repaired);
     return equation;
 }
 
