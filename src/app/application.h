@@ -14,8 +14,6 @@ public:
     virtual ~Application() = default;
     /// Captions of all open forms but `self`, dialogs included, first opened first.
     [[nodiscard]] virtual std::vector<std::string> otherCaptions(const Window& self) const = 0;
-    /// The open main windows, first opened first.
-    [[nodiscard]] virtual std::vector<Window*> windows() const = 0;
     /// Shows the one options dialog for `parent`, without waiting; with `selectEquation` its whole equation is
     /// selected.
     virtual void showOptions(Window& parent, bool selectEquation) = 0;

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/options_dialog.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -39,22 +40,22 @@ QGridLayout* OptionsDialog::buildBoxes()
 {
     auto* grid = new QGridLayout;
     grid->setHorizontalSpacing(10);
-    m_eqBox = addBox(*grid, 0, 0, "eqBox", "Equation", &Options::eqBox);
+    m_eqBox = addBox(*grid, 0, "eqBox", "Equation", &Options::eqBox);
     m_eqBox->setMaxLength(std::numeric_limits<int>::max()); // too long is refused in words, not cut off in silence
     m_eqBox->setMinimumWidth(34 * fontMetrics().averageCharWidth());
-    addBox(*grid, 1, 0, "dateBox", "Date column", &Options::dateBox);
-    addBox(*grid, 2, 0, "timeBox", "Time column", &Options::timeBox);
-    addBox(*grid, 3, 0, "parBox", "PAR column", &Options::parBox);
-    addBox(*grid, 4, 0, "vpdBox", "VPD column", &Options::vpdBox);
-    addBox(*grid, 5, 0, "timiBox", "Minimum time intervals", &Options::timiBox);
-    addBox(*grid, 6, 0, "VPDlBox", "VPD limit", &Options::VPDlBox);
-    addBox(*grid, 7, 0, "PARlBox", "PAR limit", &Options::PARlBox);
-    addBox(*grid, 8, 0, "blankBox", "Number for missing values", &Options::blankBox);
+    addBox(*grid, 1, "dateBox", "Date column", &Options::dateBox);
+    addBox(*grid, 2, "timeBox", "Time column", &Options::timeBox);
+    addBox(*grid, 3, "parBox", "PAR column", &Options::parBox);
+    addBox(*grid, 4, "vpdBox", "VPD column", &Options::vpdBox);
+    addBox(*grid, 5, "timiBox", "Minimum time intervals", &Options::timiBox);
+    addBox(*grid, 6, "VPDlBox", "VPD limit", &Options::VPDlBox);
+    addBox(*grid, 7, "PARlBox", "PAR limit", &Options::PARlBox);
+    addBox(*grid, 8, "blankBox", "Number for missing values", &Options::blankBox);
     grid->setColumnStretch(1, 1);
     return grid;
 }
 
-QLineEdit* OptionsDialog::addBox(QGridLayout& grid, int line, int column, const char* name, const char* caption,
+QLineEdit* OptionsDialog::addBox(QGridLayout& grid, int line, const char* name, const char* caption,
                                  std::string Options::*text)
 {
     auto* label = new QLabel(QString::fromLatin1(caption));
@@ -63,8 +64,8 @@ QLineEdit* OptionsDialog::addBox(QGridLayout& grid, int line, int column, const 
     box->setAccessibleName(label->text());
     box->setCursorPosition(0);
     label->setBuddy(box);
-    grid.addWidget(label, line, column);
-    grid.addWidget(box, line, column + 1);
+    grid.addWidget(label, line, 0);
+    grid.addWidget(box, line, 1);
     connect(box, &QLineEdit::textChanged, this,
             [this, text](const QString& typed) { m_options.*text = typed.toStdString(); });
     return box;
@@ -100,10 +101,19 @@ void OptionsDialog::addButton(QBoxLayout& row, const char* name, const char* cap
 
 void OptionsDialog::apply(const std::function<bool()>& work)
 {
+    bool ran = false;
     bool applied = false;
     const QPointer<OptionsDialog> dialog(this); // goes with any window that closes meanwhile
-    m_command(*m_options.parentForm, [&] { applied = work(); });
+    const QPointer<QWidget> focused(focusWidget());
+    setEnabled(false); // a message about it belongs to the window, and blocks only that
+    m_command(*m_options.parentForm, [&] {
+        ran = true;
+        applied = work();
+    });
     if (!dialog) return;
+    setEnabled(true);
+    if (focused) focused->setFocus();
+    if (!ran) QApplication::beep();                            // its window is at work
     m_eqBox->setText(QString::fromStdString(m_options.eqBox)); // as repaired
     if (applied) close();
 }

@@ -36,10 +36,9 @@ public:
 private:
     [[nodiscard]] QGridLayout* buildBoxes();
     [[nodiscard]] QBoxLayout* buildButtons();
-    QLineEdit* addBox(QGridLayout& grid, int line, int column, const char* name, const char* caption,
-                      std::string Options::*text);
+    QLineEdit* addBox(QGridLayout& grid, int line, const char* name, const char* caption, std::string Options::*text);
     void addButton(QBoxLayout& row, const char* name, const char* caption, const char* tip,
-                   const std::function<bool()>& apply);
+                   const std::function<bool()>& work);
     void apply(const std::function<bool()>& work);
 
     Options m_options;

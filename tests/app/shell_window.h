@@ -18,17 +18,15 @@ class FakeApplication : public Application {
 public:
     std::vector<std::string> captions;
     int exits = 0;
+    std::vector<std::string> log; ///< what was asked about the options dialog
     std::function<void()> onNewWindow;
 
     [[nodiscard]] std::vector<std::string> otherCaptions(const Window&) const override { return captions; }
-    [[nodiscard]] std::vector<Window*> windows() const override { return openWindows; }
     void showOptions(Window&, bool selectEquation) override
     {
         log.emplace_back(selectEquation ? "show options, equation selected" : "show options");
     }
     void unloadOptions() override { log.emplace_back("unload options"); }
-    std::vector<Window*> openWindows;
-    std::vector<std::string> log;
     void newWindow() override
     {
         if (!onNewWindow) throw std::logic_error("unexpected new window");

@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "app/main_window.h"
+#include "app/shell_window.h"
 #include "dialogs/column_setup_dialog.h"
-#include "support/doubles.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -28,16 +27,6 @@ public:
         FakeUi::hideColumnSetup();
         if (dialog != nullptr) dialog->hide();
     }
-};
-
-class OneWindow : public Application {
-public:
-    [[nodiscard]] std::vector<std::string> otherCaptions(const Window&) const override { return {}; }
-    [[nodiscard]] std::vector<Window*> windows() const override { return {}; }
-    void showOptions(Window&, bool) override {}
-    void unloadOptions() override {}
-    void newWindow() override {}
-    void exitFrom(Window&) override {}
 };
 
 QString named(const char* name, int index1)
@@ -96,7 +85,7 @@ struct SetupBench {
     MemoryFiles files;
     ManualClock clock;
     HidingUi ui;
-    OneWindow application;
+    FakeApplication application;
     MainWindow window{ui, Environment{settings, style, files, clock}, application};
     QWidget parent;
     std::unique_ptr<ColumnSetupDialog> dialog;

@@ -50,7 +50,7 @@ protected:
         const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, width());
         style()->drawItemText(&painter, rect(), static_cast<int>(alignment()), palette(), isEnabled(), shown,
                               foregroundRole());
-        setToolTip(shown == text() ? QString() : text());
+        setToolTip(shown == text() ? QString() : QStringLiteral("<qt>%1</qt>").arg(text().toHtmlEscaped()));
     }
 };
 
@@ -165,6 +165,7 @@ QBoxLayout* FrmMain::buildCommandRows()
     equation->setSpacing(kGap);
     equation->addWidget(addButton(Control::eqButton, "eqButton", "Equation:"));
     auto* formula = new ElidedLabel;
+    formula->setTextFormat(Qt::PlainText);
     add(Control::FormulaBox, formula, "FormulaBox", "Equation");
     equation->addWidget(formula, 1);
 

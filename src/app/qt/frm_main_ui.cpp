@@ -211,6 +211,21 @@ void FrmMain::beep()
     QApplication::beep();
 }
 
+namespace {
+
+/// A message quotes what the user wrote, and an equation may be longer than the screen is high: then the middle stands
+/// in the box's details.
+void setWords(QMessageBox& box, const QString& text)
+{
+    constexpr int kMost = 1200;
+    constexpr int kTail = 200;
+    const bool fits = text.size() <= kMost;
+    box.setText(fits ? text : text.left(kMost - kTail) + QStringLiteral(" ... ") + text.right(kTail));
+    if (!fits) box.setDetailedText(text);
+}
+
+} // namespace
+
 Answer FrmMain::messageBox(const Message& message)
 {
     if (isMinimized()) showNormal(); // nobody sees a question over a minimised window
@@ -220,7 +235,7 @@ Answer FrmMain::messageBox(const Message& message)
     box.setTextFormat(Qt::PlainText);
     box.setIcon(standardIcon(message.icon));
     box.setWindowTitle(QString::fromStdString(message.title));
-    box.setText(QString::fromStdString(message.text));
+    setWords(box, QString::fromStdString(message.text));
     box.setStandardButtons(standardButtons(message.buttons));
     if (message.buttons == Buttons::yesNo) box.setEscapeButton(QMessageBox::No);
     ++m_questions;

@@ -31,9 +31,10 @@ public:
     /// A dialog or the splash has been loaded; it leaves the list when it is destroyed.
     void opened(QWidget* form);
     [[nodiscard]] std::vector<FrmMain*> mainWindows() const;
+    /// The same without their widgets.
+    [[nodiscard]] std::vector<Window*> windows() const;
 
     [[nodiscard]] std::vector<std::string> otherCaptions(const Window& self) const override;
-    [[nodiscard]] std::vector<Window*> windows() const override;
     void showOptions(Window& parent, bool selectEquation) override;
     void unloadOptions() override;
     void newWindow() override;
