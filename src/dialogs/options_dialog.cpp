@@ -113,15 +113,23 @@ void OptionsDialog::apply(const std::function<bool()>& work)
     if (!dialog) return;
     setEnabled(true);
     if (focused) focused->setFocus();
-    if (!ran) QApplication::beep();                            // its window is at work
     m_eqBox->setText(QString::fromStdString(m_options.eqBox)); // as repaired
-    if (applied) close();
+    if (!ran) QApplication::beep();                            // its window is at work
+    if (applied)
+        close();
+    else
+        comeForward(); // the message was its window's
 }
 
 void OptionsDialog::showFor(Window& parent)
 {
     m_options.parentForm = &parent;
     show();
+    comeForward();
+}
+
+void OptionsDialog::comeForward()
+{
     raise();
     activateWindow();
 }

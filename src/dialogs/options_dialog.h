@@ -39,6 +39,7 @@ private:
     QLineEdit* addBox(QGridLayout& grid, int line, const char* name, const char* caption, std::string Options::*text);
     void addButton(QBoxLayout& row, const char* name, const char* caption, const char* tip,
                    const std::function<bool()>& work);
+    void comeForward();
     void apply(const std::function<bool()>& work);
 
     Options m_options;
