@@ -31,6 +31,27 @@ public:
         setChecked(Control::highBox, true);
         setText(Control::FormulaBox, "X+B");
     }
+    void undoSave(std::int32_t column) override
+    {
+        TestWindow::undoSave(column);
+        copied = {selStart, selEnd};
+    }
+    /// The pointer in the middle of a command.
+    Pointer pointerDuring(const std::function<void()>& command)
+    {
+        Pointer during = Pointer::standard;
+        setPointer(Pointer::cross);
+        clock.step = Breather::kPause; // events run after every row
+        fakeUi.onPendingEvents = [&] { during = pointer; };
+        command();
+        return during;
+    }
+    void convButton_Click() override
+    {
+        TestWindow::convButton_Click();
+        if (fakeUi.onPendingEvents) fakeUi.onPendingEvents();
+    }
+    std::pair<std::int32_t, std::int32_t> copied;
     void markParameter(int column1)
     {
         labelFrm = std::make_unique<ColumnSetup>(*this);
@@ -59,6 +80,7 @@ TEST(Recalculate, oneColumnIsSelectedWholeAndCopiedForUndo)
     EXPECT_EQ(record.selStart, 0);
     EXPECT_EQ(record.selEnd, 2);
     EXPECT_THAT(record.calls, ElementsAre("undoSave 1"));
+    EXPECT_EQ(record.copied, std::pair(0, 2)); // the rows that are about to change, not those selected before
 }
 
 TEST(Recalculate, allColumnsWithoutACopyAndWithoutTouchingTheSelection)
@@ -95,14 +117,11 @@ TEST(Recalculate, clearsTheStopFlagFirstAndEndsAfterTheRowOfACancel)
 
 TEST(Recalculate, worksUnderTheHourglass)
 {
-    Record record;
-    record.setPointer(Pointer::cross);
-    record.clock.step = Breather::kPause;
-    bool wasBusy = false;
-    record.fakeUi.onPendingEvents = [&] { wasBusy = record.pointer == Pointer::hourglass; };
-    record.recalculation.recalculate(0);
-    EXPECT_TRUE(wasBusy);
-    EXPECT_EQ(record.pointer, Pointer::cross);
+    for (const std::int32_t column : {0, -1}) {
+        Record record;
+        EXPECT_EQ(record.pointerDuring([&] { record.recalculation.recalculate(column); }), Pointer::hourglass);
+        EXPECT_EQ(record.pointer, Pointer::cross);
+    }
 }
 
 TEST(Recalculate, aColumnThatIsNotThereChangesNothing)
@@ -137,6 +156,14 @@ TEST(RecalculateEntries, allRedrawsAndLeavesAnUnsavedChange)
     record.recalculation.mnuToolsRecalculateAll_Click();
     EXPECT_THAT(record.calls, ElementsAre("redraw 0 True", "redraw 1 True", "updateCues"));
     EXPECT_FALSE(record.data.saveCheck);
+}
+
+TEST(RecalculateEntries, selectionWorksUnderTheHourglass)
+{
+    Record record;
+    EXPECT_EQ(record.pointerDuring([&] { record.recalculation.mnuToolsRecalculateSelection_Click(); }),
+              Pointer::hourglass);
+    EXPECT_EQ(record.pointer, Pointer::cross);
 }
 
 TEST(RecalculateEntries, selectionConvertsAsTheButtonDoesAndRedraws)

@@ -20,6 +20,7 @@ protected:
     ManualClock clock;
     std::ostringstream out;
     std::ostringstream err;
+    bool onTerminal = false;
 
     EquationRun()
     {
@@ -40,7 +41,7 @@ protected:
         arguments.insert(arguments.end(), more.begin(), more.end());
         const auto line = parseCommandLine(static_cast<int>(arguments.size()), arguments.data(), out, err);
         if (!line.options) return {};
-        EXPECT_EQ(runBatch(*line.options, {settings, style, files, clock}, out, err, false), kDone) << err.str();
+        EXPECT_EQ(runBatch(*line.options, {settings, style, files, clock}, out, err, onTerminal), kDone) << err.str();
         return files.contents["out.csv"];
     }
 };
@@ -95,6 +96,53 @@ TEST_F(EquationRun, errorsAreCountedOnceASensorWithTheirFirstRow)
     EXPECT_EQ(err.str(),
               "tarvelint-batch: S: equation errors: 35, the first in row 6: Division by Zero! This was caused "
               "by (B-B)\n");
+}
+
+TEST_F(EquationRun, eachSensorHasItsOwnCount)
+{
+    std::string& text = files.contents["in.csv"];
+    std::string twice;
+    std::istringstream lines(text);
+    for (std::string line; std::getline(lines, line);) {
+        line.pop_back(); // the CR
+        const std::string reading = line.substr(line.rfind(',') + 1);
+        twice += line + ',' + (reading == "S" ? "T" : "1") + "\r\n";
+    }
+    text = twice;
+    run({"--equation", "X/(B-1)", "--quiet"}); // 0 only where the baseline is 1, as it is all along T
+    EXPECT_EQ(err.str().find("S: equation errors"), std::string::npos);
+    EXPECT_NE(err.str().find("T: equation errors: "), std::string::npos);
+    err.str("");
+    run({"--equation", "X/0", "--quiet"});
+    EXPECT_NE(err.str().find("S: equation errors: 35, the first in row 6"), std::string::npos);
+    const auto ofT = err.str().find("T: equation errors: ");
+    ASSERT_NE(ofT, std::string::npos);
+    EXPECT_LE(std::stoi(err.str().substr(ofT + 20)), 40); // a count of its own, not the sum
+}
+
+TEST_F(EquationRun, anEquationWithoutRepairIsTakenAsTypedAndSaysSo)
+{
+    for (const char* const typed : {")X", "()"}) {
+        EXPECT_NE(run({"--equation", typed, "--quiet"}).find(".,.,0,\r\n"), std::string::npos);
+        EXPECT_EQ(err.str(), "tarvelint-batch: the equation cannot be repaired, because nothing stands before a \")\"; "
+                             "it is taken as typed\n");
+        err.str("");
+    }
+}
+
+TEST_F(EquationRun, anEquationMayBeginWithItsSign)
+{
+    EXPECT_NE(run({"--equation", "-X"}).find(".,.,-800,\r\n"), std::string::npos);
+}
+
+TEST_F(EquationRun, noticesStartALineOfTheirOwnOnATerminal)
+{
+    clock.step = std::chrono::milliseconds(100); // every row is shown
+    onTerminal = true;
+    run({"--equation", "X /0"});
+    EXPECT_NE(err.str().find("\r\033[Ktarvelint-batch: the equation reads X/0\n"), std::string::npos);
+    EXPECT_NE(err.str().find("\r\033[KConverting S "), std::string::npos);
+    EXPECT_NE(err.str().find("\r\033[Ktarvelint-batch: S: equation errors"), std::string::npos);
 }
 
 TEST_F(EquationRun, anEquationThatIsTooLongIsAWrongCommandLine)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "equation/conversion.h"
 
+#include "data/numbers.h"
 #include "support/test_window.h"
 #include "window/breather.h"
 
@@ -172,6 +173,7 @@ TEST(Convert, cancelEndsAfterItsRowAndTheRemainingStepsStillRun)
     EXPECT_EQ(column.at(kConverted, 16), 7);
     EXPECT_EQ(column.at(kBaseline, 16), 0);
     EXPECT_THAT(column.calls, ElementsAre("undoSave 0", "skip"));
+    EXPECT_EQ(column.fakeUi.focused, std::vector{Control::Picture1_0});
     EXPECT_TRUE(column.stopFlag);
 }
 
@@ -202,6 +204,30 @@ TEST(Convert, aValueThatIsNotFiniteIsMissing)
     column.setText(Control::FormulaBox, "X^1E9");
     column.conversion.convButton_Click();
     EXPECT_EQ(column.at(kConverted, 10), 99999);
+}
+
+TEST(Convert, aBaselineThatOverflowsIsMissing)
+{
+    Column column;
+    column.setChecked(Control::highBox, false);
+    column.select(10, 12);
+    column.set(kUnconverted, 10, 1.5e308);
+    column.set(kUnconverted, 12, -1.5e308); // their difference is too large for a number
+    column.conversion.convButton_Click();
+    EXPECT_EQ(column.at(kBaseline, 10), 1.5e308);
+    EXPECT_EQ(column.at(kBaseline, 11), 99999);
+}
+
+TEST(Convert, brokenOffByItsWindowsClosingLeavesAnUnsavedChangeAndItsCopy)
+{
+    Column column;
+    column.clock.step = Breather::kPause;
+    column.fakeUi.onPendingEvents = [] { throw CommandFailure("closing"); };
+    EXPECT_THROW(column.conversion.convButton_Click(), CommandFailure);
+    EXPECT_EQ(column.at(kConverted, 10), 8);
+    EXPECT_EQ(column.at(kConverted, 11), 7);
+    EXPECT_FALSE(column.data.saveCheck);
+    EXPECT_THAT(column.calls, ElementsAre("undoSave 0"));
 }
 
 TEST(ConvertEntry, convertsASensorColumnAndBeepsOnAParameter)
@@ -248,6 +274,40 @@ TEST(Skip, scrollsWhenTheNewEndLiesBeyondTheView)
     column.conversion.skip();
     EXPECT_EQ(column.HScroll1.Value, 18); // 30 - 12
     EXPECT_THAT(column.calls, ElementsAre("HScroll1_Change", "updateCues"));
+}
+
+TEST(Skip, anEndAtTheEdgeOfTheViewIsInView)
+{
+    Column column;
+    column.fakeUi.surfaces[0].width = 30;
+    column.conversion.skip(); // to rows 20 to 30
+    EXPECT_EQ(column.HScroll1.Value, 0);
+    column.fakeUi.surfaces[0].width = 29;
+    column.select(10, 20);
+    column.conversion.skip();
+    EXPECT_EQ(column.HScroll1.Value, 1);
+}
+
+TEST(Skip, aWidthWithAFractionScrollsToTheNearestRowHalvesToEven)
+{
+    Column column;
+    column.fakeUi.surfaces[0].width = 12.5;
+    column.conversion.skip();
+    EXPECT_EQ(column.HScroll1.Value, 18); // 17.5
+    column.HScroll1.Value = 0;
+    column.fakeUi.surfaces[0].width = 13.5;
+    column.select(10, 20);
+    column.conversion.skip();
+    EXPECT_EQ(column.HScroll1.Value, 16); // 16.5
+}
+
+TEST(Skip, aPlaceTooFarFor16BitsIsRaisedOutsideLongRecords)
+{
+    Column column;
+    column.setReadings({std::vector<double>(70000, 4)});
+    column.HScroll1.Max = 69000;
+    column.select(30000, 40000);
+    EXPECT_THROW(column.conversion.skip(), NumericOverflow);
 }
 
 TEST(Skip, redrawsWhenTheBarCannotFollow)

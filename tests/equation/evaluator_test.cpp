@@ -118,6 +118,26 @@ TEST(EvaluatorErrors, aDivisionByZeroSaysWhatAndWhereAndCountsAsZero)
     EXPECT_FALSE(bench.stopFlag);
 }
 
+TEST(EvaluatorErrors, aDivisionByMinusZeroIsOneByZero)
+{
+    Bench bench;
+    bench.valueAnswering("1/(0*(0-1))", {Answer::ok});
+    EXPECT_EQ(bench.said().substr(0, 17), "Division by Zero!");
+}
+
+TEST(EvaluatorErrors, theDivisorIsAllThatStandsToTheRight)
+{
+    Bench bench;
+    bench.valueAnswering("8/0/2", {Answer::ok}); // 8/(0/2)
+    EXPECT_NE(bench.said().find("This was caused by 0/2\r\n"), std::string::npos);
+}
+
+TEST(EvaluatorErrors, zeroToAFractionIsNone)
+{
+    Bench bench;
+    EXPECT_EQ(bench.value("0^0.5"), 0);
+}
+
 TEST(EvaluatorErrors, aNegativeNumberToAFractionSaysSo)
 {
     Bench bench;

@@ -93,6 +93,27 @@ TEST(ChangeCurrent, appliesToTheParentOnlyAndSavesNothing)
     EXPECT_TRUE(desk.first.settings.log.empty());
 }
 
+TEST(ChangeCurrent, takesTheClearedBoxForZerosToo)
+{
+    Desk desk;
+    desk.first.data.zeroOut = true;
+    EXPECT_TRUE(desk.options.cmdApplyCur_Click());
+    EXPECT_FALSE(desk.first.data.zeroOut);
+}
+
+TEST(ChangeCurrent, roundsColumnsHalfToEvenAndCountsLullsIn32Bits)
+{
+    Desk desk;
+    desk.options.dateBox = "2.5";
+    desk.options.vpdBox = "3.5";
+    desk.options.parBox = "4.5";
+    desk.options.timiBox = "40000.5";
+    EXPECT_TRUE(desk.options.cmdApplyCur_Click());
+    const DataSet& data = desk.first.data;
+    EXPECT_THAT((std::array{data.dateCol, data.vpdCol, data.parCol}), ElementsAre(2, 4, 4));
+    EXPECT_EQ(data.lullTime, 40000);
+}
+
 TEST(ChangeCurrent, showsTheNewSettingsInTheWindow)
 {
     Desk desk;
@@ -120,6 +141,55 @@ TEST(ChangeAll, savesEverythingInOrderAsTyped)
                 ElementsAre("write Equation=X*B", "write Date=4abc", "write Time=2", "write VPD=11", "write PAR=3",
                             "write lullTime=4", "write VPDlimit=0.05", "write PARlimit=0.05", "write Blank=99999",
                             "write Zero=1"));
+}
+
+TEST(ChangeAll, savesAClearedBoxAsZero)
+{
+    Desk desk;
+    desk.options.zeroBox = false;
+    EXPECT_TRUE(desk.options.cmdApplyAll_Click(desk.windows));
+    EXPECT_EQ(desk.first.settings.values["Zero"], "0");
+}
+
+TEST(ChangeAll, leavesEverythingElseOfTheWindowsToTheStore)
+{
+    Desk desk;
+    desk.options.parBox = "7";
+    desk.options.PARlBox = "0.5";
+    desk.options.timiBox = "9";
+    desk.options.blankBox = "-1";
+    desk.options.zeroBox = true;
+    const DataSet before; // as every window begins
+    EXPECT_TRUE(desk.options.cmdApplyAll_Click(desk.windows));
+    for (TestWindow* window : {&desk.first, &desk.second}) {
+        EXPECT_EQ(window->data.parCol, before.parCol);
+        EXPECT_EQ(window->data.parLimit, before.parLimit);
+        EXPECT_EQ(window->data.lullTime, before.lullTime);
+        EXPECT_EQ(window->data.blank, before.blank);
+        EXPECT_FALSE(window->data.zeroOut);
+    }
+}
+
+TEST(ChangeAll, visitsTheWindowsInTheirOrderWithTheParentsColumnsSetBefore)
+{
+    struct Visited : TestWindow {
+        std::vector<std::pair<Visited*, std::int16_t>>* visits = nullptr;
+        Visited* parent = nullptr;
+        void updateCues() override { visits->emplace_back(this, parent->data.dateCol); }
+    };
+    std::vector<std::pair<Visited*, std::int16_t>> visits;
+    Visited older;
+    Visited parent;
+    for (Visited* window : {&older, &parent}) {
+        window->visits = &visits;
+        window->parent = &parent;
+    }
+    Options options(parent.settings);
+    options.parentForm = &parent;
+    options.dateBox = "4";
+    const std::array<Window*, 2> windows{&older, &parent};
+    EXPECT_TRUE(options.cmdApplyAll_Click(windows));
+    EXPECT_THAT(visits, ElementsAre(std::pair(&older, std::int16_t{4}), std::pair(&parent, std::int16_t{4})));
 }
 
 TEST(ChangeAll, givesEveryWindowTheEquationAndOnlyTheParentItsDayAndTimeColumns)
@@ -189,6 +259,9 @@ TEST(OptionsFault, anEquationThatIsTooLongOnceRepairedIsRefused)
     desk.options.eqBox = std::string(32767, 'X'); // an "*" between every two
     EXPECT_THAT(desk.refused(), HasSubstr("65533 characters long"));
     EXPECT_EQ(desk.first.text(Control::FormulaBox), kDefault);
+    EXPECT_THROW(static_cast<void>(desk.options.cmdApplyAll_Click(desk.windows)), CommandFailure);
+    EXPECT_TRUE(desk.first.settings.log.empty());
+    EXPECT_EQ(desk.options.eqBox, std::string(32767, 'X')); // stays to be mended
     desk.options.eqBox = std::string(32767, '1');
     EXPECT_TRUE(desk.options.cmdApplyCur_Click());
 }

@@ -41,6 +41,17 @@ void press(OptionsDialog* dialog, const char* button)
     QTest::mouseClick(in(dialog, button), Qt::LeftButton);
 }
 
+/// Rows 10 to 20 of the first sensor, and an equation that fails in each.
+void selectBadEquation(Desk& desk)
+{
+    desk.openSample();
+    desk.chooseFirstSensor();
+    MainWindow& core = desk.core();
+    core.selStart = 10;
+    core.selEnd = 20;
+    desk.form->command([&] { core.setText(Control::FormulaBox, "X/(B-B)"); });
+}
+
 } // namespace
 
 class OptionsTest : public QObject {
@@ -175,16 +186,27 @@ private Q_SLOTS:
         QCOMPARE(desk.text("FormulaBox"), QString::fromLatin1(kDefault));
     }
 
+    void theDialogIsOffUnderItsOwnRefusalAndTakesTheKeysAfterIt()
+    {
+        Desk desk;
+        desk.entry("mnuToolsOptions")->trigger();
+        typeInto(openDialog(), "blankBox", "abc");
+        bool wasOff = false;
+        desk.onBox([&](QMessageBox& box) {
+            wasOff = !openDialog()->isEnabled();
+            QTest::mouseClick(box.button(QMessageBox::Ok), Qt::LeftButton);
+        });
+        press(openDialog(), "cmdApplyCur");
+        QVERIFY(wasOff);
+        QVERIFY(openDialog()->isEnabled());
+    }
+
     void convertingAsksAboutABadEquationAndUndoTakesItBack()
     {
         Desk desk;
-        desk.openSample();
-        desk.chooseFirstSensor();
+        selectBadEquation(desk);
         MainWindow& core = desk.core();
-        core.selStart = 10;
-        core.selEnd = 20;
         const double before = core.data.values(kConverted, 5, 10);
-        desk.form->command([&] { core.setText(Control::FormulaBox, "X/(B-B)"); });
         desk.answer(QMessageBox::Cancel);
         desk.click("convButton");
         QCOMPARE(desk.title, QStringLiteral("Tarvelint"));
@@ -197,6 +219,83 @@ private Q_SLOTS:
         QCOMPARE(core.data.values(kConverted, 5, 10), before);
         QCOMPARE(core.selStart, 10);
         QVERIFY(!desk.entry("mnuEditUndo")->isEnabled());
+    }
+
+    void aWindowAtWorkTakesNoOptions()
+    {
+        Desk desk;
+        selectBadEquation(desk);
+        desk.entry("mnuToolsOptions")->trigger();
+        typeInto(openDialog(), "eqBox", "X");
+        desk.onBox([&](QMessageBox& box) {
+            press(openDialog(), "cmdApplyCur");
+            QTest::mouseClick(box.button(QMessageBox::Cancel), Qt::LeftButton);
+        });
+        desk.click("convButton");
+        QVERIFY(openDialog());
+        QCOMPARE(desk.text("FormulaBox"), QStringLiteral("X/(B-B)"));
+        press(openDialog(), "cmdApplyCur");
+        QCOMPARE(desk.text("FormulaBox"), QStringLiteral("X"));
+    }
+
+    void aWindowClosedUnderTheEquationsMessageAsksOnceAndGoes()
+    {
+        Desk desk;
+        selectBadEquation(desk);
+        desk.onBox([&](QMessageBox&) {
+            desk.answer(QMessageBox::No);
+            desk.form->close();
+        });
+        desk.click("convButton");
+        QTRY_VERIFY(!desk.form);
+        QCOMPARE(desk.title, QStringLiteral("Close window:"));
+    }
+
+    void aConversionBrokenOffIsShownWhenItsWindowStays()
+    {
+        Desk desk;
+        desk.openSample();
+        desk.chooseFirstSensor();
+        desk.click("viewButton");
+        MainWindow& core = desk.core();
+        std::string slow = "X"; // several milliseconds a row
+        for (int i = 0; i < 3000; ++i) slow += "+0";
+        desk.form->command([&] {
+            core.selection.mnuEditSelectAll_Click();
+            core.setText(Control::FormulaBox, slow);
+        });
+        QTimer::singleShot(0, desk.form, [&] { desk.form->close(); });
+        desk.answer(QMessageBox::Cancel);
+        desk.click("convButton");
+        QTRY_COMPARE(desk.title, QStringLiteral("Close window:"));
+        QTRY_VERIFY(!desk.form->findChild<QMessageBox*>());
+        QCOMPARE(core.data.values(kConverted, 5, 0), core.data.values(kUnconverted, 5, 0)); // it had begun
+        QVERIFY(core.data.isBlank(core.data.values(kConverted, 5, 1439)) ||
+                core.data.values(kConverted, 5, 1439) != core.data.values(kUnconverted, 5, 1439)); // and did not end
+        const QImage shown = desk.plot(0);
+        desk.form->command([&] { core.redraw(0, true); });
+        QCOMPARE(shown, desk.plot(0));
+    }
+
+    void aMessageAboutAVeryLongDivisorStaysOnTheScreen()
+    {
+        Desk desk;
+        selectBadEquation(desk);
+        std::string divisor = "(B-B";
+        for (int i = 0; i < 8000; ++i) divisor += "+0";
+        desk.form->command([&] { desk.core().setText(Control::FormulaBox, "X/" + divisor + ")"); });
+        QString whole;
+        int height = 0;
+        desk.onBox([&](QMessageBox& box) {
+            whole = box.detailedText();
+            height = box.height();
+            QTest::mouseClick(box.button(QMessageBox::Cancel), Qt::LeftButton);
+        });
+        desk.click("convButton");
+        QVERIFY(height > 0 && height < 600);
+        QVERIFY(whole.contains(QString::fromStdString(divisor)));
+        QVERIFY2(desk.said.endsWith(QStringLiteral("Line is 10\r\nOK to continue, Cancel to stop")),
+                 qPrintable(desk.said));
     }
 };
 
