@@ -37,5 +37,14 @@ TEST(SteadyClock, neverGoesBack)
     EXPECT_GE(clock.now(), first);
 }
 
+TEST(SteadyClock, goesOnByItself)
+{
+    const SteadyClock clock;
+    const auto first = clock.now();
+    auto next = first;
+    while (next == first) next = clock.now(); // a clock that stands still never gets past this
+    EXPECT_GT(next, first);
+}
+
 } // namespace
 } // namespace tarvelint::test

@@ -6,6 +6,7 @@
 #include "dialogs/options_dialog.h"
 
 #include <algorithm>
+#include <ranges>
 
 namespace tarvelint {
 
@@ -97,12 +98,12 @@ void WindowList::exitFrom(Window& self)
 {
     const std::string own = self.caption;
     const auto forms = m_forms; // closing changes the list
-    for (auto form = forms.rbegin(); form != forms.rend(); ++form) {
-        if (!*form || captionOf(**form) == own) continue;
-        if (auto* window = qobject_cast<FrmMain*>(form->data()))
+    for (const auto& form : std::views::reverse(forms)) {
+        if (!form || captionOf(*form) == own) continue;
+        if (auto* window = qobject_cast<FrmMain*>(form.data()))
             window->unload();
         else
-            (*form)->close();
+            form->close();
     }
     self.ui.unload();
 }
