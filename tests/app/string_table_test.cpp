@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/string_table.h"
 
+#include "app/shell_window.h"
+
 #include <gtest/gtest.h>
 
 #include <iterator>
@@ -108,6 +110,15 @@ TEST(StringTable, holdsEveryNumberedText)
     for (int number = 0; number <= 20000; ++number) found += table.find(number).has_value() ? 1 : 0;
     EXPECT_EQ(found, static_cast<int>(std::size(kTexts)));
     for (const auto& [number, text] : kTexts) EXPECT_EQ(table.find(number), text) << number;
+}
+
+TEST(StringTable, callsUndoAsTheCommandItselfDoes)
+{
+    Shell shell;
+    shell.openText("1,2\n3,4\n");
+    EXPECT_EQ(shell.window.text(Control::mnuEditUndo), StringTable().find(10141));
+    shell.window.undoSave(0);
+    EXPECT_EQ(shell.window.text(Control::mnuEditUndo), StringTable().find(1014));
 }
 
 TEST(StringTable, leavesTheAboutBoxsOwnTextsToTheOrganisation)
