@@ -194,6 +194,24 @@ TEST(WindowClose, thatNeverHeldDataAsksNothing)
     EXPECT_THAT(shell.fakeUi.messages, IsEmpty());
 }
 
+TEST(WindowClose, takesTheOptionsDialogAlongAlsoWhenItIsCancelled)
+{
+    OpenWindow shell;
+    shell.fakeUi.answers = {Answer::cancel};
+    EXPECT_TRUE(shell.close());
+    EXPECT_THAT(shell.application.log, ElementsAre("unload options"));
+}
+
+TEST(OptionsEntries, showTheDialogAndTheButtonSelectsItsEquation)
+{
+    Shell shell; // also without a record
+    shell.command([&] { shell.window.lifecycle.mnuToolsOptions_Click(); });
+    shell.command([&] { shell.window.lifecycle.eqButton_Click(); });
+    EXPECT_THAT(shell.application.log, ElementsAre("show options", "show options, equation selected"));
+    EXPECT_TRUE(shell.window.isEnabled(Control::mnuToolsOptions));
+    EXPECT_TRUE(shell.window.isEnabled(Control::eqButton));
+}
+
 TEST(WindowClose, asksAboutUnsavedDataThenUnloadsDialogsThenWritesSettingsInOrder)
 {
     OpenWindow shell;

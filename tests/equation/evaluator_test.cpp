@@ -104,6 +104,9 @@ TEST(Evaluator, theCallersTextMayComeBackWithoutItsOuterPair)
     std::string_view equation = "(X+1)";
     EXPECT_EQ(bench.evaluator.convert(equation, 2, 3), 3);
     EXPECT_EQ(equation, "X+1");
+    equation = "()";
+    EXPECT_EQ(bench.evaluator.convert(equation, 2, 3), 0);
+    EXPECT_EQ(equation, "");
 }
 
 TEST(EvaluatorErrors, aDivisionByZeroSaysWhatAndWhereAndCountsAsZero)
@@ -115,6 +118,7 @@ TEST(EvaluatorErrors, aDivisionByZeroSaysWhatAndWhereAndCountsAsZero)
               "Division by Zero! \r\nThis was caused by (B-B)\r\nLine is 41\r\nOK to continue, Cancel to stop");
     EXPECT_EQ(bench.fakeUi.messages[0].title, "Tarvelint");
     EXPECT_EQ(bench.fakeUi.messages[0].buttons, Buttons::okCancel);
+    EXPECT_EQ(bench.fakeUi.messages[0].icon, Icon::none);
     EXPECT_FALSE(bench.stopFlag);
 }
 
