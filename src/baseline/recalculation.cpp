@@ -49,14 +49,12 @@ void Recalculation::mnuToolsRecalculate_Click()
     if (!m_window.data.hasColumn(m_window.curCol)) return; // -1 would mean all of them
     recalculate(m_window.curCol);
     showResult();
-    m_window.markChanged();
 }
 
 void Recalculation::mnuToolsRecalculateAll_Click()
 {
     recalculate(-1);
     showResult();
-    m_window.markChanged();
 }
 
 void Recalculation::mnuToolsRecalculateSelection_Click()

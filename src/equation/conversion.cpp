@@ -19,7 +19,6 @@ void Conversion::convButton_Click()
     if (!m_window.lineMode) m_window.skip();
     m_window.setPointer(pointer);
     m_window.ui.focus(Control::Picture1_0);
-    m_window.markChanged();
 }
 
 /// True when a span of at least two rows with readings at both ends is left.

@@ -65,6 +65,15 @@ TEST(Options, showStoredValuesNotTheWindows)
     EXPECT_TRUE(options.zeroBox);
 }
 
+TEST(Options, readTheBoxForZerosAsNewWindowsDo)
+{
+    for (const char* const stored : {"1", "-1", "True"}) {
+        MemorySettings store;
+        store.values = {{"Zero", stored}};
+        EXPECT_TRUE(Options(store).zeroBox) << stored;
+    }
+}
+
 TEST(ChangeCurrent, appliesToTheParentOnlyAndSavesNothing)
 {
     Desk desk;
