@@ -134,7 +134,7 @@ private:
     [[nodiscard]] bool isUsable(Control control) const;
     void showControl(Control control);
     void showAction(Control control);
-    void showText(QWidget& widget, Control control);
+    void showText(QWidget& shown, Control control);
     void showAll();
     void showList(int index);
     void closeLater();

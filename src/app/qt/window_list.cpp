@@ -6,7 +6,6 @@
 #include "dialogs/options_dialog.h"
 
 #include <algorithm>
-#include <ranges>
 
 namespace tarvelint {
 
@@ -97,8 +96,9 @@ void WindowList::newWindow()
 void WindowList::exitFrom(Window& self)
 {
     const std::string own = self.caption;
-    const auto forms = m_forms; // closing changes the list
-    for (const auto& form : std::views::reverse(forms)) {
+    auto forms = m_forms; // closing changes the list
+    std::reverse(forms.begin(), forms.end());
+    for (const auto& form : forms) {
         if (!form || captionOf(*form) == own) continue;
         if (auto* window = qobject_cast<FrmMain*>(form.data()))
             window->unload();
