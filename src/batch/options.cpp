@@ -133,8 +133,13 @@ void addZeroFlow(CLI::App& app, Raw& raw)
     app.add_option("--equation", options.equation,
                    "Equation in the reading X and the baseline B (default: the fixed 119*((B/X)-1)^1.23)")
         ->type_name("TEXT");
-    app.add_flag("--baseline-is-high,!--no-baseline-is-high", options.baselineIsHigh,
-                 "With --equation: readings above their baseline count as the baseline (default), or those below");
+    auto* high = app.add_flag_callback(
+        "--baseline-is-high", [&options] { options.baselineIsHigh = true; },
+        "With --equation: a reading above its baseline counts as the baseline (default)");
+    app.add_flag_callback(
+           "--no-baseline-is-high", [&options] { options.baselineIsHigh = false; },
+           "With --equation: a reading below its baseline counts as the baseline")
+        ->excludes(high);
     app.add_option("--parameters", options.parameters,
                    "Columns that are not converted: numbers, ranges and labels, such as 1-4,9,Tair "
                    "(default: 1, 2, VPD and PAR)")

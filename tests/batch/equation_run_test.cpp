@@ -89,6 +89,12 @@ TEST_F(EquationRun, theSideOfTheBaselineCanBeChosen)
     EXPECT_NE(run({"--equation", "X", "--baseline-is-high"}).find(".,.,800,\r\n"), std::string::npos);
 }
 
+TEST_F(EquationRun, bothSidesAtOnceAreAWrongCommandLine)
+{
+    EXPECT_TRUE(run({"--equation", "X", "--baseline-is-high", "--no-baseline-is-high"}).empty());
+    EXPECT_NE(err.str().find("--baseline-is-high excludes --no-baseline-is-high"), std::string::npos);
+}
+
 TEST_F(EquationRun, errorsAreCountedOnceASensorWithTheirFirstRow)
 {
     run({"--equation", "X/(B-B)", "--quiet"});
