@@ -12,32 +12,33 @@ void Recalculation::recalculate(std::int32_t column)
     if (column != -1 && !data.hasColumn(column)) return;
     const Pointer pointer = m_window.pointer;
     m_window.setPointer(Pointer::hourglass);
-    RowConverter converter(m_window);
     if (column == -1) {
-        convertAllColumns(converter);
+        convertAllColumns();
     } else {
         m_window.selStart = 0;
         m_window.selEnd = data.lines - 1;
         m_window.undoSave(column);
-        convertColumn(converter, column);
+        RowConverter converter(m_window);
+        convertRows(converter, column, 0, data.lines - 1);
     }
     m_window.setPointer(pointer);
 }
 
-void Recalculation::convertAllColumns(RowConverter& converter)
+void Recalculation::convertAllColumns()
 {
+    RowConverter converter(m_window);
     for (std::int32_t column = 0; column < m_window.data.columns; ++column) {
         // A check box holds 0 or 1, and only -1 inverts to 0: parameter columns that have a baseline are converted too.
         const int mark = m_window.isParameterColumn(column) ? 1 : 0;
         if (~mark == 0) continue;
-        if (!convertColumn(converter, column)) return;
+        if (!convertRows(converter, column, 0, m_window.data.lines - 1)) return;
     }
 }
 
-bool Recalculation::convertColumn(RowConverter& converter, std::int32_t column)
+bool Recalculation::convertRows(RowConverter& converter, std::int32_t column, std::int32_t first, std::int32_t last)
 {
     const DataSet& data = m_window.data;
-    for (std::int32_t row = 0; row < data.lines; ++row) {
+    for (std::int32_t row = first; row <= last; ++row) {
         if (data.isBlank(data.values(kBaseline, column, row))) continue;
         if (!converter.convertRow(column, row)) return false;
     }

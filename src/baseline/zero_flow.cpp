@@ -145,7 +145,7 @@ void ZeroFlow::listSensorColumns()
 void ZeroFlow::placePoints(std::int32_t sensor)
 {
     const DataSet& data = m_window.data;
-    const std::int32_t column = m_window.sensorCols[static_cast<std::size_t>(sensor)] - 1;
+    const std::int32_t column = m_window.sensorColumn(sensor);
     if (!data.hasColumn(column) || data.lines == 0) return;
     const Readings readings = data.values.column(kUnconverted, column);
     std::int64_t r = 0;
@@ -180,7 +180,7 @@ void ZeroFlow::convertBetweenPoints()
 
 void ZeroFlow::convertUpTo(std::int32_t sensor, std::int32_t first, std::int32_t end, std::int32_t& previous)
 {
-    const std::int32_t column = m_window.sensorCols[static_cast<std::size_t>(sensor)] - 1;
+    const std::int32_t column = m_window.sensorColumn(sensor);
     if (!m_window.data.hasColumn(column)) return;
     for (std::int32_t q = first; q < end; ++q) {
         if (!m_window.basePoints(sensor, q)) continue;

@@ -9,7 +9,6 @@
 #include "equation/validator.h"
 
 #include <new>
-#include <utility>
 
 namespace tarvelint {
 
@@ -74,6 +73,29 @@ void reportErrors(const BatchUi::EquationErrors& errors, const std::string& labe
                  << plainText(std::int64_t{errors.firstRow} + 1) << ": " << onOneLine(errors.firstText) << '\n';
 }
 
+const std::string& sensorLabel(const MainWindow& window, std::int32_t sensor)
+{
+    return window.data.labels[static_cast<std::size_t>(window.sensorColumn(sensor))];
+}
+
+/// Both ends belong to it; empty when `last` is below `first`.
+struct RowSpan {
+    std::int32_t first = 0;
+    std::int32_t last = -1;
+};
+
+/// From a sensor's first point to its last: where the zero-flow detection has laid a baseline, which takes two points.
+/// Elsewhere a file that was converted before may hold another one.
+RowSpan laidRows(const MainWindow& window, std::int32_t sensor)
+{
+    RowSpan laid{window.data.lines, -1};
+    for (std::int32_t row = 0; row < window.data.lines; ++row) {
+        if (!window.basePoints(sensor, row)) continue;
+        (laid.first > row ? laid.first : laid.last) = row;
+    }
+    return laid;
+}
+
 void convertWithEquation(MainWindow& window, const BatchOptions& options, BatchUi& ui)
 {
     if (!options.equation) return;
@@ -81,11 +103,12 @@ void convertWithEquation(MainWindow& window, const BatchOptions& options, BatchU
     window.setText(Control::FormulaBox, *options.equation);
     window.setChecked(Control::highBox, options.baselineIsHigh);
     window.setText(Control::rowLabel, "");
-    for (const std::int32_t column1 : window.sensorCols) {
-        const std::string& label = window.data.labels[static_cast<std::size_t>(column1 - 1)];
+    for (std::int32_t sensor = 0; sensor < window.sensors; ++sensor) {
+        const std::string& label = sensorLabel(window, sensor);
+        const RowSpan laid = laidRows(window, sensor);
         window.setStatus(1, "Converting " + label);
         RowConverter converter(window);
-        window.recalculation.convertColumn(converter, column1 - 1);
+        window.recalculation.convertRows(converter, window.sensorColumn(sensor), laid.first, laid.last);
         reportErrors(ui.takeEquationErrors(), label, ui);
     }
 }
@@ -108,27 +131,25 @@ void save(MainWindow& window, const BatchOptions& options)
     }
 }
 
-/// What was done to one sensor. Rows are converted between its first and its last point only.
+/// What was done to one sensor.
 struct SensorCount {
     std::int64_t points = 0;
     std::int64_t converted = 0;
     std::int64_t missing = 0;
 };
 
-SensorCount countRows(const MainWindow& window, std::int32_t sensor, std::int32_t column)
+SensorCount countRows(const MainWindow& window, std::int32_t sensor)
 {
+    const std::int32_t column = window.sensorColumn(sensor);
     const DataSet& data = window.data;
+    const RowSpan laid = laidRows(window, sensor);
     SensorCount count;
-    std::int64_t sinceLastPoint = 0;
     for (std::int32_t row = 0; row < data.lines; ++row) {
         const bool isMissing = data.isBlank(data.values(kUnconverted, column, row));
-        count.missing += isMissing ? 1 : 0;
-        if (count.points > 0 && !isMissing && !data.isBlank(data.values(kConverted, column, row))) ++sinceLastPoint;
-        if (!window.basePoints(sensor, row)) continue;
-        if (count.points++ == 0)
-            sinceLastPoint = data.isBlank(data.values(kConverted, column, row)) ? 0 : 1;
-        else
-            count.converted += std::exchange(sinceLastPoint, 0);
+        if (isMissing) ++count.missing;
+        if (window.basePoints(sensor, row)) ++count.points;
+        const bool isLaid = row >= laid.first && row <= laid.last;
+        if (isLaid && !isMissing && !data.isBlank(data.values(kConverted, column, row))) ++count.converted;
     }
     return count;
 }
@@ -136,9 +157,8 @@ SensorCount countRows(const MainWindow& window, std::int32_t sensor, std::int32_
 void summarise(const MainWindow& window, std::ostream& out)
 {
     for (std::int32_t sensor = 0; sensor < window.sensors; ++sensor) {
-        const std::int32_t column = window.sensorCols[static_cast<std::size_t>(sensor)] - 1;
-        const SensorCount count = countRows(window, sensor, column);
-        out << window.data.labels[static_cast<std::size_t>(column)] << ": " << plainText(count.points) << " points, "
+        const SensorCount count = countRows(window, sensor);
+        out << sensorLabel(window, sensor) << ": " << plainText(count.points) << " points, "
             << plainText(count.converted) << " rows converted, " << plainText(count.missing) << " rows missing\n";
     }
 }

@@ -133,12 +133,15 @@ void addZeroFlow(CLI::App& app, Raw& raw)
     app.add_option("--equation", options.equation,
                    "Equation in the reading X and the baseline B (default: the fixed 119*((B/X)-1)^1.23)")
         ->type_name("TEXT");
+    // A value behind a flag ("=false") would be taken and have no effect: refused.
     auto* high = app.add_flag_callback(
-        "--baseline-is-high", [&options] { options.baselineIsHigh = true; },
-        "With --equation: a reading above its baseline counts as the baseline (default)");
+                        "--baseline-is-high", [&options] { options.baselineIsHigh = true; },
+                        "With --equation: a reading above its baseline counts as the baseline (default)")
+                     ->disable_flag_override();
     app.add_flag_callback(
            "--no-baseline-is-high", [&options] { options.baselineIsHigh = false; },
            "With --equation: a reading below its baseline counts as the baseline")
+        ->disable_flag_override()
         ->excludes(high);
     app.add_option("--parameters", options.parameters,
                    "Columns that are not converted: numbers, ranges and labels, such as 1-4,9,Tair "
@@ -155,7 +158,7 @@ void addContents(CLI::App& app, Raw& raw)
     app.add_flag("--no-header", raw.noHeader, "Leave out the header line");
     app.add_flag("--labels", raw.options.choices.labels, "Write a labels line above each layer");
     app.add_flag("--no-dots", raw.noDots, "Write missing values as their number, not as dots");
-    app.add_flag("--quiet", raw.options.quiet, "No progress and no summary");
+    app.add_flag("--quiet", raw.options.quiet, "No progress, no summary and no repaired equation; errors are shown");
 }
 
 void repairEquation(BatchOptions& options)

@@ -148,6 +148,11 @@ public:
     [[nodiscard]] bool hasRecord() const { return data.lines > 0 && data.columns > 0; }
     /// "Do not convert" of a 0-based column; False without a column setup dialog.
     [[nodiscard]] bool isParameterColumn(std::int32_t column) const;
+    /// 0-based column of a sensor ordinal of a record whose points have been looked for.
+    [[nodiscard]] std::int32_t sensorColumn(std::int32_t sensor) const
+    {
+        return sensorCols[static_cast<std::size_t>(sensor)] - 1;
+    }
     /// Labels go into saved files: as the column setup dialog says, else as the file came.
     [[nodiscard]] bool savesLabels() const { return labelFrm ? labelFrm->savesLabels() : readWithLabels; }
 

@@ -7,6 +7,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <new>
+
 namespace tarvelint::test {
 namespace {
 
@@ -35,6 +37,7 @@ public:
     {
         TestWindow::undoSave(column);
         copied = {selStart, selEnd};
+        if (copyFails) throw std::bad_alloc();
     }
     /// The pointer in the middle of a command.
     Pointer pointerDuring(const std::function<void()>& command)
@@ -52,6 +55,7 @@ public:
         if (fakeUi.onPendingEvents) fakeUi.onPendingEvents();
     }
     std::pair<std::int32_t, std::int32_t> copied;
+    bool copyFails = false;
     void markParameter(int column1)
     {
         labelFrm = std::make_unique<ColumnSetup>(*this);
@@ -171,6 +175,15 @@ TEST(RecalculateEntries, selectionConvertsAsTheButtonDoesAndRedraws)
     Record record;
     record.recalculation.mnuToolsRecalculateSelection_Click();
     EXPECT_THAT(record.calls, ElementsAre("convButton_Click", "redraw 0 True", "redraw 1 True", "updateCues"));
+}
+
+TEST(Recalculate, withoutRoomForTheCopyNothingHasChanged)
+{
+    Record record;
+    record.copyFails = true;
+    EXPECT_THROW(record.recalculation.recalculate(1), std::bad_alloc);
+    EXPECT_TRUE(record.data.saveCheck);
+    EXPECT_EQ(record.column(kConverted, 1), (Cells{7, 7, 7}));
 }
 
 } // namespace

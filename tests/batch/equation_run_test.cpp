@@ -35,9 +35,13 @@ protected:
     /// The converted layer's rows; "" when the run failed.
     std::string run(std::vector<const char*> more)
     {
-        std::vector<const char*> arguments{
-            "tarvelint-batch", "in.csv", "-o",       "out.csv",   "--vpd-column", "2", "--par-column", "1",
-            "--parameters",    "1,2",    "--layers", "converted", "--no-header"};
+        more.insert(more.end(), {"--layers", "converted", "--no-header"});
+        return fileOf(more);
+    }
+    std::string fileOf(const std::vector<const char*>& more)
+    {
+        std::vector<const char*> arguments{"tarvelint-batch", "in.csv", "-o",           "out.csv", "--vpd-column", "2",
+                                           "--par-column",    "1",      "--parameters", "1,2"};
         arguments.insert(arguments.end(), more.begin(), more.end());
         const auto line = parseCommandLine(static_cast<int>(arguments.size()), arguments.data(), out, err);
         if (!line.options) return {};
@@ -93,6 +97,41 @@ TEST_F(EquationRun, bothSidesAtOnceAreAWrongCommandLine)
 {
     EXPECT_TRUE(run({"--equation", "X", "--baseline-is-high", "--no-baseline-is-high"}).empty());
     EXPECT_NE(err.str().find("--baseline-is-high excludes --no-baseline-is-high"), std::string::npos);
+}
+
+TEST_F(EquationRun, aSideTakesNoValue)
+{
+    for (const char* const side : {"--baseline-is-high=false", "--baseline-is-high=0", "--no-baseline-is-high=false"}) {
+        err.str("");
+        EXPECT_TRUE(run({"--equation", "X", side}).empty()) << side;
+        EXPECT_NE(err.str().find("baseline-is-high"), std::string::npos) << side;
+    }
+}
+
+// A file that was converted before brings baselines of its own where no night of this run has laid one.
+TEST_F(EquationRun, convertsOnTheBaselinesItHasLaidOnly)
+{
+    files.contents["in.csv"] = fileOf({"--equation", "B-X"});
+    const std::string before = run({"--vpd-limit", "-1"}); // never calm: no points
+    EXPECT_NE(before.find(".,.,200,\r\n"), std::string::npos);
+    out.str("");
+    EXPECT_EQ(run({"--vpd-limit", "-1", "--equation", "X+B"}), before);
+    EXPECT_EQ(out.str(), "3: 0 points, 0 rows converted, 0 rows missing\n");
+    EXPECT_NE(run({"--equation", "X+B"}).find(".,.,1800,\r\n"), std::string::npos);
+}
+
+TEST_F(EquationRun, onePointLaysNoBaseline)
+{
+    std::string text = fileOf({"--equation", "B-X"});
+    for (std::size_t at = 0, row = 0; row < 40; ++row) { // the first layer, below the header
+        at = text.find('\n', at) + 1;
+        if (row >= 30) text.replace(at, 1, "9"); // PAR: no second night
+    }
+    files.contents["in.csv"] = text;
+    const std::string before = run({});
+    out.str("");
+    EXPECT_EQ(run({"--equation", "X+B"}), before);
+    EXPECT_EQ(out.str(), "3: 1 points, 0 rows converted, 0 rows missing\n");
 }
 
 TEST_F(EquationRun, errorsAreCountedOnceASensorWithTheirFirstRow)

@@ -114,9 +114,10 @@ TEST(BatchOptions, helpAndVersionEndWellAndNameTheProgram)
     const Parsed help = parse({"--help"});
     EXPECT_FALSE(help.line.options.has_value());
     EXPECT_EQ(help.line.exitStatus, 0);
-    for (const char* option : {"--output", "--input-delimiter", "--output-delimiter", "--vpd-column", "--par-column",
-                               "--vpd-limit", "--par-limit", "--lull-time", "--parameters", "--layers", "--no-header",
-                               "--labels", "--no-dots", "--blank", "--quiet", "--version"})
+    for (const char* option :
+         {"--output", "--input-delimiter", "--output-delimiter", "--vpd-column", "--par-column", "--vpd-limit",
+          "--par-limit", "--lull-time", "--equation", "--baseline-is-high", "--no-baseline-is-high", "--parameters",
+          "--layers", "--no-header", "--labels", "--no-dots", "--blank", "--quiet", "--version"})
         EXPECT_NE(help.out.find(option), std::string::npos) << option;
     const Parsed version = parse({"--version"});
     EXPECT_EQ(version.line.exitStatus, 0);
