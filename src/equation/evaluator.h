@@ -21,13 +21,13 @@ public:
     explicit Evaluator(Window& window) : m_window(window) {}
 
     /// The converted value. X is first clipped to the side of B that "Baseline is high" selects; only then a missing
-    /// reading is recognised, and comes back as `blank`.
+    /// reading is recognised, and comes back as `blank`. Divisions by zero and powers of negative numbers to a fraction
+    /// ask OK or Cancel and count as 0; Cancel sets the window's `stopFlag`, and every further call is 0 until a
+    /// command clears it.
     /// @param equation may come back without its outer parentheses
     /// @param source   the reading X
     /// @param base     the baseline B
-    /// Divisions by zero and powers of negative numbers to a fraction ask OK or Cancel, count as 0, and Cancel sets
-    /// the window's `stopFlag`: every further call is 0 until a command clears it. @return any double, infinities
-    /// included
+    /// @return any double, infinities included
     [[nodiscard]] double convert(std::string_view& equation, double source, const double& base);
 
     /// A term that is an implicit product of numbers and the letters X and B ("2X", "0.5B", "XB"). Nothing calls it.

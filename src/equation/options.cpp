@@ -43,7 +43,7 @@ bool Options::cmdApplyCur_Click()
     DataSet& data = parentForm->data;
     data.dateCol = numbers.date;
     data.timeCol = numbers.time;
-    // As typed: the column set-up counts from 0 here, this dialog from 1, and each is kept as it is.
+    // As typed, whereas the column setup dialog takes one off what it shows: the two differ, and both stay.
     data.vpdCol = numbers.vpd;
     data.parCol = numbers.par;
     data.lullTime = numbers.lullTime;

@@ -44,8 +44,15 @@ public:
         pointerAtUndo = pointer;
         convertedAtUndo = at(kConverted, 10);
     }
-    void skip() override { skips ? conversion.skip() : TestWindow::skip(); }
+    void skip() override
+    {
+        pointerAtSkip = pointer;
+        focusedBeforeSkip = !fakeUi.focused.empty();
+        skips ? conversion.skip() : TestWindow::skip();
+    }
     bool skips = false;
+    Pointer pointerAtSkip = Pointer::standard;
+    bool focusedBeforeSkip = false;
     Pointer pointerAtUndo = Pointer::standard;
     double convertedAtUndo = -1;
 };
@@ -90,6 +97,15 @@ TEST(Convert, copiesForUndoUnderTheHourglassBeforeItChangesAnything)
     EXPECT_EQ(column.fakeUi.focused, std::vector{Control::Picture1_0});
     EXPECT_FALSE(column.data.saveCheck);
     EXPECT_TRUE(column.isEnabled(Control::mnuFileSave));
+}
+
+TEST(Convert, movesTheSelectionOnStillUnderTheHourglass)
+{
+    Column column;
+    column.setPointer(Pointer::cross);
+    column.conversion.convButton_Click();
+    EXPECT_EQ(column.pointerAtSkip, Pointer::hourglass);
+    EXPECT_FALSE(column.focusedBeforeSkip) << "the plot takes the keys when all is done";
 }
 
 TEST(Convert, inOneClickModeTheSelectionStaysAndNothingIsRedrawn)
@@ -216,6 +232,7 @@ TEST(Convert, aBaselineThatOverflowsIsMissing)
     column.conversion.convButton_Click();
     EXPECT_EQ(column.at(kBaseline, 10), 1.5e308);
     EXPECT_EQ(column.at(kBaseline, 11), 99999);
+    EXPECT_EQ(column.at(kConverted, 11), 99999); // the reading below it is raised to it
 }
 
 TEST(Convert, brokenOffByItsWindowsClosingLeavesAnUnsavedChangeAndItsCopy)

@@ -63,7 +63,8 @@ INSTANTIATE_TEST_SUITE_P(Signs, EvaluatorTable,
                                          Case{"X*-2", -2}, Case{"+X", 2}));
 // One outer pair goes unmatched: "X+1)*(B+1" splits at its first "+", and "1)*(B+1" is 1.
 INSTANTIATE_TEST_SUITE_P(OuterParentheses, EvaluatorTable,
-                         testing::Values(Case{"(X+1)*(B+1)", 4}, Case{"((X+1)*(B+1))", 12}, Case{"(X+1)", 3}));
+                         testing::Values(Case{"(X+1)*(B+1)", 4}, Case{"((X+1)*(B+1))", 12}, Case{"(X+1)", 3},
+                                         Case{"X*(X+1)*(B+1)", 8}, Case{"X+(B-1)/(B+1)", 3}));
 
 TEST(Evaluator, theDefaultEquationIsItsFormulaToTheLastBit)
 {
@@ -96,6 +97,14 @@ TEST(Evaluator, aMissingReadingOnTheClippedSideConvertsLikeZeroFlow)
 {
     Bench bench(true);
     EXPECT_EQ(bench.value("X+1", 99999, 3), 4);
+}
+
+TEST(Evaluator, aReadingClippedToAMissingBaselineIsMissing)
+{
+    Bench low(false);
+    EXPECT_EQ(low.value("X+1", 4, 99999), 99999);
+    Bench high(true);
+    EXPECT_EQ(high.value("X+1", 100000, 99999), 99999);
 }
 
 TEST(Evaluator, theCallersTextMayComeBackWithoutItsOuterPair)
@@ -136,6 +145,17 @@ TEST(EvaluatorErrors, theDivisorIsAllThatStandsToTheRight)
     EXPECT_NE(bench.said().find("This was caused by 0/2\r\n"), std::string::npos);
 }
 
+TEST(Evaluator, whatIsNotEvaluatedKeepsItsOuterPair)
+{
+    Bench bench(false);
+    std::string_view equation = "(X+1)";
+    EXPECT_EQ(bench.evaluator.convert(equation, 99999, 3), 99999);
+    EXPECT_EQ(equation, "(X+1)");
+    bench.stopFlag = true;
+    EXPECT_EQ(bench.evaluator.convert(equation, 99999, 3), 0) << "the stop flag comes before the missing reading";
+    EXPECT_EQ(equation, "(X+1)");
+}
+
 TEST(EvaluatorErrors, zeroToAFractionIsNone)
 {
     Bench bench;
@@ -149,6 +169,8 @@ TEST(EvaluatorErrors, aNegativeNumberToAFractionSaysSo)
     EXPECT_EQ(bench.said(), "Invalid power operation! \r\n-2^0.5\r\nLine is 0\r\nOK to continue, Cancel to stop");
     EXPECT_EQ(bench.valueAnswering("(0-0.5)^1.23", {Answer::ok}), 0);
     EXPECT_EQ(bench.said(), "Invalid power operation! \r\n-0.5^1.23\r\nLine is 0\r\nOK to continue, Cancel to stop");
+    EXPECT_EQ(bench.valueAnswering("((0-2)^(1/2-1))", {Answer::ok}), 0);
+    EXPECT_EQ(bench.said(), "Invalid power operation! \r\n-2^-0.5\r\nLine is 0\r\nOK to continue, Cancel to stop");
 }
 
 TEST(EvaluatorErrors, wholePowersOfNegativeNumbersAreNone)
@@ -158,6 +180,7 @@ TEST(EvaluatorErrors, wholePowersOfNegativeNumbersAreNone)
     EXPECT_EQ(bench.value("(0-2)^3"), -8);
     EXPECT_EQ(bench.value("((0-2)^(0-1))"), -0.5);
     EXPECT_EQ(bench.value("0^0"), 1);
+    EXPECT_EQ(bench.value("0^(0-1)"), std::numeric_limits<double>::infinity());
 }
 
 TEST(EvaluatorErrors, withALowBaselineTheDefaultEquationAsksForEveryReadingAboveIt)
@@ -229,7 +252,11 @@ TEST(Chop, multipliesNumbersAndLettersThatStandTogether)
     EXPECT_EQ(Evaluator::chop("xb2", 5, 7), 70);
     EXPECT_EQ(Evaluator::chop("3", 5, 7), 3);
     EXPECT_EQ(Evaluator::chop("2X3B4", 5, 7), 840);
+    EXPECT_EQ(Evaluator::chop("B", 5, 7), 7);
+    EXPECT_EQ(Evaluator::chop("x", 5, 7), 5);
     EXPECT_EQ(Evaluator::chop("", 5, 7), 0);
+    EXPECT_EQ(Evaluator::chop("X ", 5, 7), 0); // what is no number is 0
+    EXPECT_EQ(Evaluator::chop("2XY", 5, 7), 0);
 }
 
 } // namespace

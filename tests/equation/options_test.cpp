@@ -131,6 +131,30 @@ TEST(ChangeCurrent, showsTheNewSettingsInTheWindow)
     EXPECT_TRUE(desk.first.data.saveCheck) << "new settings change no data";
 }
 
+TEST(ChangeCurrent, showsTheWindowWhenItHasEverySetting)
+{
+    struct Shown : TestWindow {
+        std::string equation;
+        DataSet settings;
+        void updateCues() override
+        {
+            equation = text(Control::FormulaBox);
+            settings.dateCol = data.dateCol;
+            settings.zeroOut = data.zeroOut;
+        }
+    };
+    Shown window;
+    Options options(window.Ground::settings);
+    options.parentForm = &window;
+    options.eqBox = "X";
+    options.dateBox = "4";
+    options.zeroBox = true;
+    EXPECT_TRUE(options.cmdApplyCur_Click());
+    EXPECT_EQ(window.equation, "X");
+    EXPECT_EQ(window.settings.dateCol, 4);
+    EXPECT_TRUE(window.settings.zeroOut);
+}
+
 TEST(ChangeCurrent, checksTheMissingValueNumberAndDoesNotApplyIt)
 {
     Desk desk;
@@ -184,7 +208,12 @@ TEST(ChangeAll, visitsTheWindowsInTheirOrderWithTheParentsColumnsSetBefore)
     struct Visited : TestWindow {
         std::vector<std::pair<Visited*, std::int16_t>>* visits = nullptr;
         Visited* parent = nullptr;
-        void updateCues() override { visits->emplace_back(this, parent->data.dateCol); }
+        void updateCues() override
+        {
+            visits->emplace_back(this, parent->data.dateCol);
+            EXPECT_EQ(text(Control::FormulaBox), "X") << "the equation comes before it is shown";
+            EXPECT_EQ(parent->settings.values["Zero"], "0") << "the store comes before the windows";
+        }
     };
     std::vector<std::pair<Visited*, std::int16_t>> visits;
     Visited older;
@@ -195,6 +224,7 @@ TEST(ChangeAll, visitsTheWindowsInTheirOrderWithTheParentsColumnsSetBefore)
     }
     Options options(parent.settings);
     options.parentForm = &parent;
+    options.eqBox = "X";
     options.dateBox = "4";
     const std::array<Window*, 2> windows{&older, &parent};
     EXPECT_TRUE(options.cmdApplyAll_Click(windows));

@@ -6,6 +6,8 @@
 #include <QApplication>
 #include <QRegularExpression>
 
+#include <algorithm>
+
 namespace tarvelint::test {
 
 namespace {
@@ -85,11 +87,65 @@ private Q_SLOTS:
         QCOMPARE(in<QPushButton>(dialog, "cmdApplyAll")->toolTip(),
                  QStringLiteral("Changes will affect all open windows and will be saved"));
         QCOMPARE(in<QCheckBox>(dialog, "zeroBox")->text(), QStringLiteral("initiallize with zeros"));
-        QStringList captions;
-        for (const auto* label : dialog->findChildren<QLabel*>()) captions << label->text();
-        for (const char* caption : {"Equation", "Date column", "Time column", "PAR column", "VPD column",
-                                    "Minimum time intervals", "VPD limit", "PAR limit", "Number for missing values"})
-            QVERIFY2(captions.contains(QString::fromLatin1(caption)), caption);
+    }
+
+    void aBoxHasItsCaptionItsDefaultAndItsPlaceInTheStore_data()
+    {
+        QTest::addColumn<QString>("caption");
+        QTest::addColumn<QString>("start");
+        QTest::addColumn<std::string>("key");
+        const auto box = [](const char* name, const char* caption, const char* start, const char* key) {
+            QTest::newRow(name) << QString::fromLatin1(caption) << QString::fromLatin1(start) << std::string(key);
+        };
+        box("eqBox", "Equation", kDefault, "Equation");
+        box("dateBox", "Date column", "1", "Date");
+        box("timeBox", "Time column", "2", "Time");
+        box("parBox", "PAR column", "3", "PAR");
+        box("vpdBox", "VPD column", "11", "VPD");
+        box("timiBox", "Minimum time intervals", "4", "lullTime");
+        box("VPDlBox", "VPD limit", "0.05", "VPDlimit");
+        box("PARlBox", "PAR limit", "0.05", "PARlimit");
+        box("blankBox", "Number for missing values", "99999", "Blank");
+    }
+    void aBoxHasItsCaptionItsDefaultAndItsPlaceInTheStore()
+    {
+        QFETCH(std::string, key);
+        Desk desk;
+        desk.entry("mnuToolsOptions")->trigger();
+        const char* const name = QTest::currentDataTag();
+        auto* box = in<QLineEdit>(openDialog(), name);
+        QTEST(box->text(), "start");
+        QTEST(box->accessibleName(), "caption");
+        const auto labels = openDialog()->findChildren<QLabel*>();
+        const auto beside = std::find_if(labels.begin(), labels.end(), [&](QLabel* l) { return l->buddy() == box; });
+        QVERIFY(beside != labels.end());
+        QTEST((*beside)->text(), "caption");
+        QCOMPARE((*beside)->geometry().center().y(), box->geometry().center().y());
+        typeInto(openDialog(), name, "8");
+        press(openDialog(), "cmdApplyAll");
+        QCOMPARE(desk.settings.values[key], std::string("8"));
+    }
+
+    void theBoxForZerosReachesTheStore()
+    {
+        Desk desk;
+        desk.entry("mnuToolsOptions")->trigger();
+        QTest::keyClick(in<QCheckBox>(openDialog(), "zeroBox"), Qt::Key_Space);
+        press(openDialog(), "cmdApplyAll");
+        QCOMPARE(desk.settings.values["Zero"], std::string("1"));
+        desk.entry("mnuToolsOptions")->trigger();
+        QVERIFY(in<QCheckBox>(openDialog(), "zeroBox")->isChecked());
+    }
+
+    void returnChangesTheCurrentWindow()
+    {
+        Desk desk;
+        desk.click("eqButton");
+        QTest::keyClicks(in(openDialog(), "eqBox"), QStringLiteral("X/B"));
+        QTest::keyClick(in(openDialog(), "eqBox"), Qt::Key_Return);
+        QVERIFY(!openDialog());
+        QCOMPARE(desk.text("FormulaBox"), QStringLiteral("X/B"));
+        QVERIFY(!desk.settings.values.contains("Equation"));
     }
 
     void anEquationTypedOverReachesOneWindowRepairedAndNotTheStore()
@@ -199,6 +255,23 @@ private Q_SLOTS:
         press(openDialog(), "cmdApplyCur");
         QVERIFY(wasOff);
         QVERIFY(openDialog()->isEnabled());
+    }
+
+    void anotherWindowMayCloseUnderTheRefusal()
+    {
+        Desk desk;
+        FrmMain& other = desk.windows.create();
+        other.show();
+        desk.entry("mnuToolsOptions")->trigger();
+        typeInto(openDialog(), "blankBox", "abc");
+        desk.onBox([&](QMessageBox& box) {
+            QVERIFY(other.close());
+            QTest::mouseClick(box.button(QMessageBox::Ok), Qt::LeftButton);
+        });
+        press(openDialog(), "cmdApplyCur");
+        QCOMPARE(desk.title, QStringLiteral("Improper setting:"));
+        QVERIFY(!openDialog());
+        QVERIFY(desk.form->isVisible());
     }
 
     void convertingAsksAboutABadEquationAndUndoTakesItBack()
