@@ -91,7 +91,10 @@ RowSpan laidRows(const MainWindow& window, std::int32_t sensor)
     RowSpan laid{window.data.lines, -1};
     for (std::int32_t row = 0; row < window.data.lines; ++row) {
         if (!window.basePoints(sensor, row)) continue;
-        (laid.first > row ? laid.first : laid.last) = row;
+        if (laid.first > row)
+            laid.first = row;
+        else
+            laid.last = row;
     }
     return laid;
 }

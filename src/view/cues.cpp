@@ -71,7 +71,7 @@ std::int32_t Cues::sensorOf(std::int32_t column0) const
 {
     const auto known = static_cast<std::int32_t>(m_window.sensorCols.size());
     for (std::int32_t s = 0; s < std::min(m_window.sensors, known); ++s)
-        if (m_window.sensorCols[static_cast<std::size_t>(s)] == column0 + 1) return s;
+        if (m_window.sensorColumn(s) == column0) return s;
     return -1;
 }
 

@@ -87,6 +87,15 @@ TEST(Recalculate, oneColumnIsSelectedWholeAndCopiedForUndo)
     EXPECT_EQ(record.copied, std::pair(0, 2)); // the rows that are about to change, not those selected before
 }
 
+TEST(Recalculate, withoutRoomForTheCopyNothingHasChanged)
+{
+    Record record;
+    record.copyFails = true;
+    EXPECT_THROW(record.recalculation.recalculate(1), std::bad_alloc);
+    EXPECT_TRUE(record.data.saveCheck);
+    EXPECT_EQ(record.column(kConverted, 1), (Cells{7, 7, 7}));
+}
+
 TEST(Recalculate, allColumnsWithoutACopyAndWithoutTouchingTheSelection)
 {
     Record record;
@@ -175,15 +184,6 @@ TEST(RecalculateEntries, selectionConvertsAsTheButtonDoesAndRedraws)
     Record record;
     record.recalculation.mnuToolsRecalculateSelection_Click();
     EXPECT_THAT(record.calls, ElementsAre("convButton_Click", "redraw 0 True", "redraw 1 True", "updateCues"));
-}
-
-TEST(Recalculate, withoutRoomForTheCopyNothingHasChanged)
-{
-    Record record;
-    record.copyFails = true;
-    EXPECT_THROW(record.recalculation.recalculate(1), std::bad_alloc);
-    EXPECT_TRUE(record.data.saveCheck);
-    EXPECT_EQ(record.column(kConverted, 1), (Cells{7, 7, 7}));
 }
 
 } // namespace

@@ -1,7 +1,6 @@
 # SPDX-License-Identifier: MIT
 """Ways out: what is asked before work is lost, and what the program remembers."""
 
-import configparser
 import unittest
 
 import session
@@ -51,7 +50,7 @@ class Closing(DeskTest):
         left, top, _, _ = window.box
         keys("alt+F4")
         self.assert_ends_well(program)
-        settings = self.settings(program)
+        settings = session.settings(program)
         # Twips, 15 to a pixel.
         self.assertEqual((settings["mainwidth"], settings["mainheight"]), (str(820 * 15), str(600 * 15)))
         expected = {"ref": "0", "high": "1", "date": "1", "time": "2", "zoomfactor": "1"}
@@ -63,13 +62,6 @@ class Closing(DeskTest):
         self.assertEqual(second.box[:2], (left, top))
         keys("ctrl+q")
         self.assert_ends_well(again)
-
-    @staticmethod
-    def settings(program):
-        file = configparser.ConfigParser()
-        with open(program.settings_file, encoding="utf-8") as text:
-            file.read_file(text)
-        return file["Settings"]
 
     def restart(self, program):
         """The program once more, with what it wrote down."""

@@ -38,11 +38,7 @@ class Conversion(DeskTest):
     def setUp(self):
         self.program, self.window = self.start_to_window()
         session.open_file(self.program, session.SAMPLE)
-        dialog = self.program.window("Labels", "dialog")
-        for column in range(1, 6):
-            dialog.find(f"Do not convert column {column}", "check box").set_checked(True)
-        keys("Return")
-        self.program.wait_gone("Labels")
+        session.set_up_columns(self.program, parameters=5)
         session.choose_column(self.window, "Main:", SENSOR)
 
     def test_a_whole_record_by_hand_a_failing_equation_cancelled_and_undone(self):
@@ -71,10 +67,7 @@ class Conversion(DeskTest):
         self.window.find("Convert", "push button").press()
 
     def type_equation(self, equation):
-        self.window.find("Equation", "push button").press()
-        dialog = self.program.window("Options", "dialog")
-        box = dialog.find("Equation", "text")
-        wait_for("the focus in the equation", lambda: box.focused)
+        dialog, box = session.open_options(self.program, self.window)
         self.assertEqual(box.text, DEFAULT)
         type_text(equation)  # all of it is selected
         wait_for(f'"{equation}" in its box', lambda: box.text == equation)
@@ -108,7 +101,7 @@ class OptionsForAll(DeskTest):
         program, first = self.start_to_window()
         keys("ctrl+n")
         second = program.window("Tarvelint 1", "frame")
-        dialog, equation = self.open_options(program, second)
+        dialog, equation = session.open_options(program, second)
         self.assertEqual(equation.text, DEFAULT)
         type_text("2X + B")
         wait_for("the equation as typed", lambda: equation.text == "2X + B")
@@ -116,22 +109,16 @@ class OptionsForAll(DeskTest):
         program.wait_gone("Options")
         for window in (first, second):
             window.wait_cue("Equation", "2*X+B")
-        wait_for("the equation in the settings", lambda: "2*X+B" in self.settings(program))
+        wait_for("the equation in the settings", lambda: session.settings(program).get("equation") == "2*X+B")
+        stored = session.settings(program)
 
         self.check_refusal(program, second)
-        self.assertNotIn("abc", self.settings(program))
+        self.assertEqual(session.settings(program), stored)
         keys("ctrl+q")
         self.assert_ends_well(program)
 
-    def open_options(self, program, window):
-        window.find("Equation", "push button").press()
-        dialog = program.window("Options", "dialog")
-        equation = dialog.find("Equation", "text")
-        wait_for("the focus in the equation", lambda: equation.focused)
-        return dialog, equation
-
     def check_refusal(self, program, window):
-        dialog, equation = self.open_options(program, window)
+        dialog, equation = session.open_options(program, window)
         self.assertEqual(equation.text, "2*X+B")  # what is stored
         type_text("X")
         dialog.find("Number for missing values", "text").fill("abc")
@@ -143,11 +130,6 @@ class OptionsForAll(DeskTest):
         program.wait_gone("Options")
         self.assertEqual(window.cue("Equation"), "2*X+B")
         program.window("Tarvelint 1", "frame")
-
-    @staticmethod
-    def settings(program):
-        with open(program.settings_file, encoding="utf-8") as file:
-            return file.read()
 
 
 if __name__ == "__main__":

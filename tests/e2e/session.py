@@ -1,6 +1,7 @@
 # SPDX-License-Identifier: MIT
 """What a user does with Tarvelint, and the frame of every end-to-end test."""
 
+import configparser
 import datetime
 import os
 import shutil
@@ -129,15 +130,32 @@ def choose_column(window, caption, text):
     chosen.choose(text)
 
 
-def set_up_columns(program, parameters, vpd_column):
-    """Answers the column setup dialog: parameter columns 1 to `parameters`, the VPD pre-process, OK."""
+def set_up_columns(program, parameters, vpd_column=None):
+    """Answers the column setup dialog: parameter columns 1 to `parameters`, with a VPD column the pre-process, OK."""
     dialog = program.window("Labels", "dialog")
     for column in range(1, parameters + 1):
         dialog.find(f"Do not convert column {column}", "check box").set_checked(True)
-    dialog.find("VPD pre-process", "check box").set_checked(True)
-    dialog.find("VPD column", "text").fill(str(vpd_column))
+    if vpd_column is not None:
+        dialog.find("VPD pre-process", "check box").set_checked(True)
+        dialog.find("VPD column", "text").fill(str(vpd_column))
     keys("Return")
     program.wait_gone("Labels")
+
+
+def open_options(program, window):
+    """The options dialog by the "Equation:" button, and its equation, which has the focus and can be typed over."""
+    window.find("Equation", "push button").press()
+    dialog = program.window("Options", "dialog")
+    equation = dialog.find("Equation", "text")
+    wait_for("the focus in the equation", lambda: equation.focused)
+    return dialog, equation
+
+
+def settings(program):
+    """What the program has written down by now, by key in small letters."""
+    file = configparser.ConfigParser()
+    file.read(program.settings_file, encoding="utf-8")
+    return dict(file["Settings"]) if file.has_section("Settings") else {}
 
 
 def resize(window, width, height):
