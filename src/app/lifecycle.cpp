@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/lifecycle.h"
 
+#include "app/captions.h"
 #include "app/data_commands.h"
 #include "data/file_format.h"
 #include "data/settings_store.h"
@@ -18,7 +19,7 @@ constexpr Control kOffAtFirst[] = {Control::mnuEditUndo, Control::mnuViewZoomIn,
 void Lifecycle::Form_Load()
 {
     applySettings();
-    m_window.curLayer = kUnconverted;
+    m_window.view.curLayer = kUnconverted;
     m_window.data.saveCheck = true;
     for (const Control control : kDataCommands) m_window.setEnabled(control, false);
     for (const Control control : kOffAtFirst) m_window.setEnabled(control, false);
@@ -28,16 +29,17 @@ void Lifecycle::Form_Load()
     m_window.setVisible(Control::mnuFileMRU, false);
     m_window.setVisible(Control::HScroll1, false);
     std::string caption(kTitle);
-    m_window.setcaption(caption);
+    setcaption(m_window, m_application, caption);
 }
 
 void Lifecycle::applySettings()
 {
     const WindowSettings settings = readWindowSettings(m_window.env.settings);
-    m_window.zoomFactor = settings.zoomFactor;
+    View& view = m_window.view;
+    view.zoomFactor = settings.zoomFactor;
     m_window.ui.setGeometry(settings.geometry);
-    m_window.data.dateCol = settings.date;
-    m_window.data.timeCol = settings.time;
+    view.dateCol = settings.date;
+    view.timeCol = settings.time;
     m_window.setText(Control::FormulaBox, settings.equation);
     m_window.data.blank = settings.blank;
     m_window.setText(Control::refBox, settings.ref);
@@ -62,26 +64,22 @@ void Lifecycle::mnuFileClose_Click()
 
 void Lifecycle::Form_QueryUnload(bool& cancel)
 {
+    const bool wasMinimised = m_window.ui.isMinimised(); // before the question raises the window
     cancel = !m_asked && !m_window.data.saveCheck && !m_files.savedialog("Close window:");
     m_asked = false;
     unloadDialogs();
     m_application.unloadOptions();
-    const ClosingSettings settings{m_window.text(Control::refBox), m_window.isChecked(Control::highBox),
-                                   m_window.data.dateCol, m_window.data.timeCol, m_window.zoomFactor};
+    const View& view = m_window.view;
+    const ClosingSettings settings{m_window.text(Control::refBox), m_window.conversionSettings.baselineIsHigh, view.dateCol,
+                                   view.timeCol, view.zoomFactor};
     const Geometry geometry = m_window.ui.geometry();
-    writeClosingSettings(m_window.env.settings, settings, m_window.ui.isMinimised() ? nullptr : &geometry);
+    writeClosingSettings(m_window.env.settings, settings, wasMinimised ? nullptr : &geometry);
 }
 
 void Lifecycle::unloadDialogs()
 {
-    if (m_window.haveLabelForm()) {
-        m_window.ui.unloadColumnSetup();
-        m_window.labelFrm.reset();
-    }
-    if (m_window.haveTypeForm()) {
-        m_window.ui.unloadSaveContents();
-        m_window.typeFrm.reset();
-    }
+    m_forms.unloadColumnSetup();
+    m_forms.unloadSaveContents();
 }
 
 void Lifecycle::toggleBar(Control entry, Control bar)

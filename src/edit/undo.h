@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace tarvelint {
@@ -32,15 +33,18 @@ private:
         double baseline;
         double converted;
     };
-    void showAvailable(bool available);
+    /// What a command was about to change.
+    struct Copy {
+        std::int32_t undoCol = -1;
+        std::int32_t firstRow = 0;
+        std::vector<Cells> undoBuf; ///< one element per row from `firstRow` on; empty when no row was in the data
+    };
+    void showAvailability();
     [[nodiscard]] bool fitsTheData() const;
     void restore();
 
     Window& m_window;
-    std::vector<Cells> undoBuf; ///< one element per row from `m_firstRow` on
-    std::int32_t m_firstRow = 0;
-    std::int32_t undoCol = -1;
-    bool m_available = false;
+    std::optional<Copy> m_copy; ///< none: there is nothing to undo
 };
 
 } // namespace tarvelint

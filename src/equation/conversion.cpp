@@ -1,22 +1,27 @@
 // SPDX-License-Identifier: MIT
 #include "equation/conversion.h"
 
-#include "data/numbers.h"
 #include "equation/row_converter.h"
 #include "window/window.h"
 
-#include <algorithm>
-
 namespace tarvelint {
 
-void Conversion::convButton_Click()
+void Conversion::convertSelection(bool draws)
 {
-    if (!trimSelection()) return;
-    const Pointer pointer = m_window.pointer;
+    const View& view = m_window.view;
+    const std::int32_t selStart = view.selStart;
+    const std::int32_t selEnd = view.selEnd;
+    if (!trimSelection()) {
+        if (draws && (view.selStart != selStart || view.selEnd != selEnd)) m_window.showAll();
+        return;
+    }
+    const Pointer pointer = m_window.pointer();
     m_window.setPointer(Pointer::hourglass);
-    m_window.undoSave(m_window.curCol);
-    convertSelection();
-    if (!m_window.lineMode) m_window.skip();
+    m_window.undoSave(view.curCol());
+    convertSpan();
+    // Where the selection does not move on, at the record's end or in one-click mode, nobody else shows the new values.
+    const bool moved = !view.lineMode && m_window.skip(draws);
+    if (draws && !moved) m_window.showAll();
     m_window.setPointer(pointer);
     m_window.ui.focus(Control::Picture1_0);
 }
@@ -25,31 +30,30 @@ void Conversion::convButton_Click()
 bool Conversion::trimSelection()
 {
     const DataSet& data = m_window.data;
-    if (!data.hasColumn(m_window.curCol) || !data.hasRow(m_window.selStart) || !data.hasRow(m_window.selEnd))
-        return false;
-    const auto readings = data.values.column(kUnconverted, m_window.curCol);
-    while (m_window.selEnd > m_window.selStart) {
-        if (data.isBlank(readings[m_window.selStart]))
-            ++m_window.selStart;
-        else if (data.isBlank(readings[m_window.selEnd]))
-            --m_window.selEnd;
+    View& view = m_window.view;
+    if (!data.hasColumn(view.curCol()) || !data.hasRow(view.selStart) || !data.hasRow(view.selEnd)) return false;
+    const auto readings = data.values.column(kUnconverted, view.curCol());
+    while (view.selEnd > view.selStart) {
+        if (data.isBlank(readings[view.selStart]))
+            ++view.selStart;
+        else if (data.isBlank(readings[view.selEnd]))
+            --view.selEnd;
         else
             return true;
     }
     return false;
 }
 
-void Conversion::convertSelection()
+void Conversion::convertSpan()
 {
     DataSet& data = m_window.data;
-    const std::int32_t column = m_window.curCol;
-    const std::int32_t last = m_window.selEnd;
-    const double first = data.values(kUnconverted, column, m_window.selStart);
-    const double step =
-        (first - data.values(kUnconverted, column, last)) / (static_cast<double>(last) - m_window.selStart);
+    const std::int32_t column = m_window.view.curCol();
+    const std::int32_t first = m_window.view.selStart;
+    const std::int32_t last = m_window.view.selEnd;
+    double v = data.values(kUnconverted, column, first);
+    const double step = (v - data.values(kUnconverted, column, last)) / (static_cast<double>(last) - first);
     RowConverter converter(m_window);
-    double v = first;
-    for (std::int32_t row = m_window.selStart; row <= last; ++row) {
+    for (std::int32_t row = first; row <= last; ++row) {
         data.values(kBaseline, column, row) = data.storable(v);
         v = v - step;
         if (!converter.convertRow(column, row)) break;
@@ -58,34 +62,10 @@ void Conversion::convertSelection()
 
 void Conversion::mnuToolsConvert_Click()
 {
-    if (m_window.isParameterColumn(m_window.curCol))
+    if (m_window.data.isParameter(m_window.view.curCol()))
         m_window.ui.beep();
     else
-        m_window.convButton_Click();
-}
-
-void Conversion::skip()
-{
-    const std::int32_t lastRow = m_window.data.lines - 1;
-    if (m_window.selEnd >= lastRow || m_window.selEnd < m_window.selStart) return;
-    const std::int64_t end = std::int64_t{2} * m_window.selEnd - m_window.selStart;
-    m_window.selStart = m_window.selEnd;
-    m_window.selEnd = static_cast<std::int32_t>(std::min<std::int64_t>(end, lastRow));
-    showSelection();
-    m_window.updateCues();
-}
-
-void Conversion::showSelection()
-{
-    const double width = m_window.ui.surface(0).scaleWidth();
-    const std::int32_t before = m_window.HScroll1.Value;
-    if (before + width < m_window.selEnd) {
-        const double value = m_window.selEnd - width;
-        m_window.setScrollValue(m_window.longRecord ? roundToInt32(value) : roundToInt16(value));
-        if (m_window.HScroll1.Value != before) return; // scrolling has redrawn both areas
-    }
-    m_window.redraw(0, true);
-    m_window.redraw(1, false);
+        convButton_Click();
 }
 
 } // namespace tarvelint

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <cstdint>
-
 namespace tarvelint {
 
 class Window;
@@ -14,17 +12,16 @@ public:
     explicit Conversion(Window& window) : m_window(window) {}
 
     /// Missing readings at both ends are trimmed off the selection first, and stay off. A selection of less than two
-    /// rows is ignored. In one-click mode the selection stays where it is and nothing is redrawn.
-    void convButton_Click();
+    /// rows is ignored. In one-click mode the selection stays where it is.
+    void convButton_Click() { convertSelection(true); }
     /// "&Convert", refused with a beep on a column marked "Do not convert".
     void mnuToolsConvert_Click();
-    /// The selection moves one span to the right, sharing its boundary row, at most to the last row.
-    void skip();
+    /// The work of "&Convert"; with `draws` False what it changed is left for the caller to show.
+    void convertSelection(bool draws);
 
 private:
     [[nodiscard]] bool trimSelection();
-    void convertSelection();
-    void showSelection();
+    void convertSpan();
 
     Window& m_window;
 };

@@ -83,7 +83,7 @@ double leaf(std::string_view text, double source, double base)
 double Evaluator::convert(std::string_view& equation, double source, const double& base)
 {
     if (m_window.stopFlag) return 0;
-    const bool outside = m_window.isChecked(Control::highBox) ? source > base : source < base;
+    const bool outside = m_window.conversionSettings.baselineIsHigh ? source > base : source < base;
     if (outside) source = base;
     // The clip comes before the missing-value test: a gap on the clipped side converts like zero flow.
     if (m_window.data.isBlank(source)) return source;

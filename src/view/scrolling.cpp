@@ -53,55 +53,56 @@ std::int32_t valueCentring(std::int32_t row, float width, std::int16_t zoomFacto
 
 void Scrolling::scrollset()
 {
-    apply(scrollRange16(width(), m_window.zoomFactor, m_window.data.lines));
-}
-
-void Scrolling::scrollsetLong()
-{
-    apply(scrollRange32(width(), m_window.zoomFactor, m_window.data.lines));
+    apply(scrollRange16(width(), m_window.view.zoomFactor, m_window.data.lines));
 }
 
 void Scrolling::fitScrollBar()
 {
     // Only the range is tried: an overflow in what the new range sets off is not a long record.
-    const bool isLong = !fits16Bits(width(), m_window.zoomFactor, m_window.data.lines);
+    const View& view = m_window.view;
+    const bool isLong = !fits16Bits(width(), view.zoomFactor, m_window.data.lines);
     m_window.setLongRecord(isLong);
-    isLong ? scrollsetLong() : scrollset();
+    if (isLong)
+        apply(scrollRange32(width(), view.zoomFactor, m_window.data.lines));
+    else
+        scrollset();
 }
 
 void Scrolling::apply(const ScrollRange& range)
 {
+    const View& view = m_window.view;
     // Where everything fits, Max is 0 and takes the value along.
     m_window.setScrollRange(range.Max, range.SmallChange, range.LargeChange);
-    if (m_window.Turbo && m_window.markRow >= 0)
-        m_window.setScrollValue(valueCentring(m_window.markRow, width(), m_window.zoomFactor, range.Max));
+    if (view.Turbo && view.markRow >= 0)
+        m_window.moveScrollValue(valueCentring(view.markRow, width(), view.zoomFactor, range.Max));
 }
 
 void Scrolling::mnuViewZoomIn_Click()
 {
-    if (m_window.zoomFactor >= kLargestZoom) return;
-    m_window.zoomFactor = roundToInt16(m_window.zoomFactor * 2.0);
-    if (m_window.zoomFactor == kLargestZoom) m_window.setEnabled(Control::mnuViewZoomIn, false);
-    m_window.setEnabled(Control::mnuViewZoomOut, true);
-    showNewZoom();
+    if (m_window.view.zoomFactor < kLargestZoom) zoomTo(m_window.view.zoomFactor * 2.0);
 }
 
 void Scrolling::mnuViewZoomOut_Click()
 {
-    if (m_window.zoomFactor <= 1) return;
-    m_window.zoomFactor = roundToInt16(m_window.zoomFactor / 2.0);
-    if (m_window.zoomFactor == 1) m_window.setEnabled(Control::mnuViewZoomOut, false);
-    m_window.setEnabled(Control::mnuViewZoomIn, true);
-    showNewZoom();
+    if (m_window.view.zoomFactor > 1) zoomTo(m_window.view.zoomFactor / 2.0);
 }
 
-void Scrolling::showNewZoom()
+void Scrolling::zoomTo(double unitsPerRow)
 {
-    m_window.zoomLevel = 0;
-    for (std::int16_t z = m_window.zoomFactor; z > 1; z = roundToInt16(z / 2.0)) ++m_window.zoomLevel;
+    View& view = m_window.view;
+    view.zoomFactor = roundToInt16(unitsPerRow);
+    showZoomEntries();
+    view.zoomLevel = 0;
+    for (std::int16_t z = view.zoomFactor; z > 1; z = roundToInt16(z / 2.0)) ++view.zoomLevel;
     fitScrollBar();
     m_window.redraw(0, true);
     m_window.redraw(1, true);
+}
+
+void Scrolling::showZoomEntries()
+{
+    m_window.setEnabled(Control::mnuViewZoomIn, m_window.view.zoomFactor < kLargestZoom);
+    m_window.setEnabled(Control::mnuViewZoomOut, m_window.view.zoomFactor > 1);
 }
 
 void Scrolling::mnuViewRefresh_Click()
@@ -110,17 +111,9 @@ void Scrolling::mnuViewRefresh_Click()
     m_window.redraw(1, false);
 }
 
-void Scrolling::HScroll1_Change()
-{
-    m_window.redraw(1, true);
-    if (!m_window.isEnabled(Control::Picture1_0)) return;
-    m_window.ui.focus(Control::Picture1_0);
-    m_window.redraw(0, true);
-}
-
 void Scrolling::HScroll1_Scroll(std::int32_t value)
 {
-    ScrollBar& bar = m_window.HScroll1;
+    ScrollBar& bar = m_window.view.HScroll1;
     bar.Value = std::clamp(value, bar.Min, bar.Max);
     m_window.redraw(0, true);
     m_window.redraw(1, true);

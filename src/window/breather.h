@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "window/window.h"
+#include "window/ports.h"
+#include "window/ui.h"
 
 #include <chrono>
 
@@ -13,20 +14,22 @@ class Breather {
 public:
     static constexpr std::chrono::milliseconds kPause{30};
 
-    explicit Breather(Window& window) : m_window(window), m_last(window.env.clock.now()) {}
+    /// Both outlive it.
+    Breather(Ui& ui, const Clock& clock) : m_ui(ui), m_clock(clock), m_last(clock.now()) {}
 
     /// True when it is time to show progress and call `breathe`.
     [[nodiscard]] bool isDue()
     {
-        const auto now = m_window.env.clock.now();
+        const auto now = m_clock.now();
         if (now - m_last < kPause) return false;
         m_last = now;
         return true;
     }
-    void breathe() { m_window.ui.letPendingEventsRun(); }
+    void breathe() { m_ui.letPendingEventsRun(); }
 
 private:
-    Window& m_window;
+    Ui& m_ui;
+    const Clock& m_clock;
     std::chrono::milliseconds m_last;
 };
 

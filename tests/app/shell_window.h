@@ -2,7 +2,7 @@
 #pragma once
 
 #include "app/application.h"
-#include "app/main_window.h"
+#include "app/engine.h"
 #include "support/test_window.h"
 
 #include <algorithm>
@@ -39,7 +39,7 @@ public:
 class Shell : public Ground {
 public:
     FakeApplication application;
-    MainWindow window{fakeUi, Environment{settings, style, files, clock}, application};
+    Engine window{fakeUi, fakeUi, Environment{settings, style, files, clock}, application};
 
     Shell() { window.lifecycle.Form_Load(); }
     virtual ~Shell() = default;
@@ -60,7 +60,7 @@ public:
     /// The user leaves the save-contents dialog by OK from now on.
     void acceptContents()
     {
-        fakeUi.onSaveContents = [this] { window.typeFrm->OKButton_Click(); };
+        fakeUi.onSaveContents = [this] { window.forms.typeFrm->OKButton_Click(); };
     }
     /// File > Save As under `path`, everything chosen.
     void saveAs(const std::string& path, FileType type = FileType::comma)

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "batch/batch_run.h"
 
-#include "app/main_window.h"
+#include "app/engine.h"
 #include "batch/batch_ui.h"
 #include "support/doubles.h"
 
@@ -73,20 +73,20 @@ protected:
     {
         FakeUi ui;
         BatchApplication application;
-        MainWindow window(ui, {settings, style, files, clock}, application);
+        Engine window(ui, {settings, style, files, clock}, application);
         window.lifecycle.Form_Load();
         ui.openChoices.push_back(ChosenFile{options.input, type});
         window.boundary.command([&] { window.files.mnuFileOpen_Click(); });
-        for (int column1 = 1; column1 <= 4; ++column1) window.labelFrm->setCheckBox(column1, true);
-        window.labelFrm->boxes.turboCheck = true;
-        window.labelFrm->boxes.vpdBox = "4";
-        window.labelFrm->boxes.saveBox = labels;
-        window.boundary.command([&] { window.labelFrm->OKButton_Click(); });
-        ui.onSaveContents = [&] { window.typeFrm->OKButton_Click(); };
+        for (int column1 = 1; column1 <= 4; ++column1) window.forms.labelFrm->setCheckBox(column1, true);
+        window.forms.labelFrm->boxes.turboCheck = true;
+        window.forms.labelFrm->boxes.vpdBox = "4";
+        window.forms.labelFrm->boxes.saveBox = labels;
+        window.boundary.command([&] { window.forms.labelFrm->OKButton_Click(); });
+        ui.onSaveContents = [&] { window.forms.typeFrm->OKButton_Click(); };
         ui.saveChoices.push_back(ChosenFile{"window", type});
         window.boundary.command([&] { window.files.mnuFileSave_Click(); });
         EXPECT_TRUE(ui.messages.empty());
-        return files.contents[window.savePath];
+        return files.contents[window.file.savePath];
     }
 };
 

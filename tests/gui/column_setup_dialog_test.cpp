@@ -42,12 +42,12 @@ struct SetupBench {
         window.data.labels.clear();
         for (int i = 1; i <= columns; ++i) window.data.labels.push_back("a" + std::to_string(i));
         window.setListEntries(window.data.labels);
-        window.labelFrm = std::make_unique<ColumnSetup>(window);
-        window.labelFrm->Form_Load();
+        window.forms.labelFrm = std::make_unique<ColumnSetup>(window);
+        window.forms.labelFrm->Form_Load();
         parent.resize(600, 400);
         parent.show();
         dialog = std::make_unique<ColumnSetupDialog>(
-            *window.labelFrm, [this](const auto& work) { ++commands, work(); }, &parent);
+            *window.forms.labelFrm, [this](const auto& work) { ++commands, work(); }, &parent);
         ui.dialog = dialog.get();
     }
     /// A server without window manager gives the focus to nobody who does not ask.
@@ -78,7 +78,7 @@ struct SetupBench {
             count += box->isVisible() ? 1 : 0;
         return count;
     }
-    ColumnSetup& setup() { return *window.labelFrm; }
+    ColumnSetup& setup() { return *window.forms.labelFrm; }
 
     MemorySettings settings;
     FixedStyle style;
@@ -86,7 +86,7 @@ struct SetupBench {
     ManualClock clock;
     HidingUi ui;
     FakeApplication application;
-    MainWindow window{ui, Environment{settings, style, files, clock}, application};
+    Engine window{ui, Environment{settings, style, files, clock}, application};
     QWidget parent;
     std::unique_ptr<ColumnSetupDialog> dialog;
     int commands = 0;

@@ -50,7 +50,7 @@ public:
     }
     [[nodiscard]] QAction* entry(const char* name) const { return find<QAction>(name); }
     [[nodiscard]] QString text(const char* label) const { return find<QLabel>(label)->text(); }
-    [[nodiscard]] MainWindow& core() const { return form->core(); }
+    [[nodiscard]] Engine& core() const { return form->core(); }
     [[nodiscard]] QImage plot(int index) const
     {
         return find(index == 0 ? "Picture1_0" : "Picture1_1")->grab().toImage();

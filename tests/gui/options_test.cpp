@@ -48,9 +48,9 @@ void selectBadEquation(Desk& desk)
 {
     desk.openSample();
     desk.chooseFirstSensor();
-    MainWindow& core = desk.core();
-    core.selStart = 10;
-    core.selEnd = 20;
+    Engine& core = desk.core();
+    core.view.selStart = 10;
+    core.view.selEnd = 20;
     desk.form->command([&] { core.setText(Control::FormulaBox, "X/(B-B)"); });
 }
 
@@ -176,9 +176,9 @@ private Q_SLOTS:
         QVERIFY(!openDialog());
         QCOMPARE(desk.text("FormulaBox"), QStringLiteral("X/B"));
         QCOMPARE(other.findChild<QLabel*>(QStringLiteral("FormulaBox"))->text(), QStringLiteral("X/B"));
-        QCOMPARE(desk.core().data.dateCol, std::int16_t{7});
-        QCOMPARE(other.core().data.dateCol, std::int16_t{1});
-        QVERIFY(desk.core().data.vpdLimit < 0.2F); // limits go to the store only
+        QCOMPARE(desk.core().view.dateCol, std::int16_t{7});
+        QCOMPARE(other.core().view.dateCol, std::int16_t{1});
+        QVERIFY(desk.core().conversionSettings.zeroFlow.vpdLimit < 0.2F); // limits go to the store only
         QCOMPARE(desk.settings.values["Equation"], std::string("X/B"));
         QCOMPARE(desk.settings.values["VPDlimit"], std::string("0.25"));
     }
@@ -224,8 +224,8 @@ private Q_SLOTS:
         QCOMPARE(openDialog(), first);
         typeInto(first, "dateBox", "5");
         press(first, "cmdApplyCur");
-        QCOMPARE(other.core().data.dateCol, std::int16_t{5}); // the window that asked last
-        QCOMPARE(desk.core().data.dateCol, std::int16_t{1});
+        QCOMPARE(other.core().view.dateCol, std::int16_t{5}); // the window that asked last
+        QCOMPARE(desk.core().view.dateCol, std::int16_t{1});
         desk.entry("mnuToolsOptions")->trigger();
         QVERIFY(openDialog());
         QVERIFY(other.close());
@@ -278,7 +278,7 @@ private Q_SLOTS:
     {
         Desk desk;
         selectBadEquation(desk);
-        MainWindow& core = desk.core();
+        Engine& core = desk.core();
         const double before = core.data.values(kConverted, 5, 10);
         desk.answer(QMessageBox::Cancel);
         desk.click("convButton");
@@ -290,7 +290,7 @@ private Q_SLOTS:
         QVERIFY(desk.entry("mnuEditUndo")->isEnabled());
         desk.entry("mnuEditUndo")->trigger();
         QCOMPARE(core.data.values(kConverted, 5, 10), before);
-        QCOMPARE(core.selStart, 10);
+        QCOMPARE(core.view.selStart, 10);
         QVERIFY(!desk.entry("mnuEditUndo")->isEnabled());
     }
 
@@ -330,7 +330,7 @@ private Q_SLOTS:
         desk.openSample();
         desk.chooseFirstSensor();
         desk.click("viewButton");
-        MainWindow& core = desk.core();
+        Engine& core = desk.core();
         std::string slow = "X"; // several milliseconds a row
         for (int i = 0; i < 3000; ++i) slow += "+0";
         desk.form->command([&] {

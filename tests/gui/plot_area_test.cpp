@@ -143,18 +143,18 @@ private Q_SLOTS:
         const QPoint thumb(bar->height() + 10, bar->height() / 2); // beside the arrow
         QTest::mousePress(bar, Qt::LeftButton, {}, thumb);
         QTest::mouseMove(bar, thumb + QPoint(60, 0));
-        QVERIFY(desk.core().HScroll1.Value > 0);
+        QVERIFY(desk.core().view.HScroll1.Value > 0);
         QCOMPARE(desk.form->focusWidget(), box);
         desk.keepDrawing();
-        const double scaleOfCompanion = desk.core().yScale; // the area drawn last leaves its scale
+        const double scaleOfCompanion = desk.core().view.yScale; // the area drawn last leaves its scale
         desk.spoil();
         QTest::mouseRelease(bar, Qt::LeftButton, {}, thumb + QPoint(60, 0));
         QVERIFY(desk.isDrawn(0));
         QVERIFY(desk.isDrawn(1));
         QCOMPARE(desk.form->focusWidget(), desk.find("Picture1_0"));
         // Readings run from 8 to 12: their range of 4 takes the height over 1.1.
-        QCOMPARE(desk.core().yScale, desk.find("Picture1_0")->height() / 4.4);
-        QVERIFY(desk.core().yScale != scaleOfCompanion);
+        QCOMPARE(desk.core().view.yScale, desk.find("Picture1_0")->height() / 4.4);
+        QVERIFY(desk.core().view.yScale != scaleOfCompanion);
     }
 
     void aColumnPickedWhileTheWindowIsBusyIsNotTakenNorShown()
@@ -169,10 +169,10 @@ private Q_SLOTS:
         };
         desk.entry("mnuFileOpen")->trigger();
         QVERIFY(wasAsked);
-        QCOMPARE(desk.core().varList[0].chosen, 2);
+        QCOMPARE(desk.core().view.chosenColumn[0], 2);
         QCOMPARE(list->currentIndex(), 2);
         QTest::keyClick(list, Qt::Key_Up); // and now it is
-        QCOMPARE(desk.core().varList[0].chosen, 1);
+        QCOMPARE(desk.core().view.chosenColumn[0], 1);
     }
 };
 

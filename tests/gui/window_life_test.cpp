@@ -59,7 +59,7 @@ private Q_SLOTS:
         QVERIFY(!desk.form->close());
         QCOMPARE(desk.title, QStringLiteral("Close window:"));
         QVERIFY(desk.form->isVisible());
-        QVERIFY(!desk.core().haveLabelForm()); // its dialogs go even so
+        QVERIFY(!desk.core().forms.haveLabelForm()); // its dialogs go even so
 
         desk.onBox([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
         QVERIFY(!desk.form->close());

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "data/settings_store.h"
+#include "window/dialogs.h"
 #include "window/ports.h"
 #include "window/surface.h"
 #include "window/ui.h"
@@ -138,7 +139,7 @@ public:
     }
 };
 
-class FakeUi : public Ui {
+class FakeUi : public Ui, public Dialogs {
 public:
     std::array<RecordingSurface, 2> surfaces;
     std::vector<std::string> log; ///< "beep", "focus N", "status ...", in order of happening
@@ -149,6 +150,7 @@ public:
     std::vector<FileDialog> fileDialogs;
     std::function<void()> onSaveContents; ///< plays the user in the save-contents dialog
     std::function<void()> onPendingEvents;
+    std::function<void()> onPaintStatus;
     bool columnSetupShown = false;
     bool columnSetupBlocks = false;
     bool unloaded = false;
@@ -202,7 +204,11 @@ public:
         onSaveContents();
     }
     void unloadSaveContents() override { log.push_back("unload save contents"); }
-    void paintStatus() override { log.push_back("paint status"); }
+    void paintStatus() override
+    {
+        log.push_back("paint status");
+        if (onPaintStatus) onPaintStatus();
+    }
     void letPendingEventsRun() override
     {
         if (onPendingEvents) onPendingEvents();

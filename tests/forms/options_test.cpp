@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "equation/options.h"
+#include "forms/options.h"
 
 #include "support/test_window.h"
+#include "window/command_failure.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -87,17 +88,16 @@ TEST(ChangeCurrent, appliesToTheParentOnlyAndSavesNothing)
     desk.options.PARlBox = "0.3";
     desk.options.zeroBox = true;
     EXPECT_TRUE(desk.options.cmdApplyCur_Click());
-    const DataSet& data = desk.first.data;
     EXPECT_EQ(desk.options.eqBox, "2*X+B");
     EXPECT_EQ(desk.first.text(Control::FormulaBox), "2*X+B");
-    EXPECT_EQ(data.dateCol, 4);
-    EXPECT_EQ(data.timeCol, 2);
-    EXPECT_EQ(data.vpdCol, 6); // as typed, unlike the column set-up
-    EXPECT_EQ(data.parCol, 7);
-    EXPECT_EQ(data.lullTime, 0);
-    EXPECT_EQ(data.vpdLimit, 0.1F);
-    EXPECT_EQ(data.parLimit, 0.3F);
-    EXPECT_TRUE(data.zeroOut);
+    EXPECT_EQ(desk.first.view.dateCol, 4);
+    EXPECT_EQ(desk.first.view.timeCol, 2);
+    EXPECT_EQ(desk.first.conversionSettings.zeroFlow.vpdCol, 6); // as typed, unlike the column set-up
+    EXPECT_EQ(desk.first.conversionSettings.zeroFlow.parCol, 7);
+    EXPECT_EQ(desk.first.conversionSettings.zeroFlow.lullTime, 0);
+    EXPECT_EQ(desk.first.conversionSettings.zeroFlow.vpdLimit, 0.1F);
+    EXPECT_EQ(desk.first.conversionSettings.zeroFlow.parLimit, 0.3F);
+    EXPECT_TRUE(desk.first.data.zeroOut);
     EXPECT_EQ(desk.second.text(Control::FormulaBox), kDefault);
     EXPECT_TRUE(desk.first.settings.log.empty());
 }
@@ -118,9 +118,9 @@ TEST(ChangeCurrent, roundsColumnsHalfToEvenAndCountsLullsIn32Bits)
     desk.options.parBox = "4.5";
     desk.options.timiBox = "40000.5";
     EXPECT_TRUE(desk.options.cmdApplyCur_Click());
-    const DataSet& data = desk.first.data;
-    EXPECT_THAT((std::array{data.dateCol, data.vpdCol, data.parCol}), ElementsAre(2, 4, 4));
-    EXPECT_EQ(data.lullTime, 40000);
+    const ZeroFlowSettings& zeroFlow = desk.first.conversionSettings.zeroFlow;
+    EXPECT_THAT((std::array{desk.first.view.dateCol, zeroFlow.vpdCol, zeroFlow.parCol}), ElementsAre(2, 4, 4));
+    EXPECT_EQ(desk.first.conversionSettings.zeroFlow.lullTime, 40000);
 }
 
 TEST(ChangeCurrent, showsTheNewSettingsInTheWindow)
@@ -139,7 +139,7 @@ TEST(ChangeCurrent, showsTheWindowWhenItHasEverySetting)
         {
             ++times;
             EXPECT_EQ(text(Control::FormulaBox), "X");
-            EXPECT_EQ(data.dateCol, 4);
+            EXPECT_EQ(view.dateCol, 4);
             EXPECT_TRUE(data.zeroOut);
         }
     };
@@ -190,13 +190,13 @@ TEST(ChangeAll, leavesEverythingElseOfTheWindowsToTheStore)
     desk.options.timiBox = "9";
     desk.options.blankBox = "-1";
     desk.options.zeroBox = true;
-    const DataSet before; // as every window begins
+    const ZeroFlowSettings before; // as every window begins
     EXPECT_TRUE(desk.options.cmdApplyAll_Click(desk.windows));
     for (TestWindow* window : {&desk.first, &desk.second}) {
-        EXPECT_EQ(window->data.parCol, before.parCol);
-        EXPECT_EQ(window->data.parLimit, before.parLimit);
-        EXPECT_EQ(window->data.lullTime, before.lullTime);
-        EXPECT_EQ(window->data.blank, before.blank);
+        EXPECT_EQ(window->conversionSettings.zeroFlow.parCol, before.parCol);
+        EXPECT_EQ(window->conversionSettings.zeroFlow.parLimit, before.parLimit);
+        EXPECT_EQ(window->conversionSettings.zeroFlow.lullTime, before.lullTime);
+        EXPECT_EQ(window->data.blank, 99999);
         EXPECT_FALSE(window->data.zeroOut);
     }
 }
@@ -208,7 +208,7 @@ TEST(ChangeAll, visitsTheWindowsInTheirOrderWithTheParentsColumnsSetBefore)
         Visited* parent = nullptr;
         void updateCues() override
         {
-            visits->emplace_back(this, parent->data.dateCol);
+            visits->emplace_back(this, parent->view.dateCol);
             EXPECT_EQ(text(Control::FormulaBox), "X") << "the equation comes before it is shown";
             EXPECT_EQ(parent->settings.values["Zero"], "0") << "the store comes before the windows";
         }
@@ -241,13 +241,13 @@ TEST(ChangeAll, givesEveryWindowTheEquationAndOnlyTheParentItsDayAndTimeColumns)
     for (TestWindow* window : {&desk.first, &desk.second}) {
         EXPECT_EQ(window->text(Control::FormulaBox), "X");
         EXPECT_THAT(window->calls, ElementsAre("redraw 0 True", "redraw 1 True", "updateCues"));
-        EXPECT_EQ(window->data.vpdCol, -1);
-        EXPECT_EQ(window->data.vpdLimit, 0.05F);
+        EXPECT_EQ(window->conversionSettings.zeroFlow.vpdCol, -1);
+        EXPECT_EQ(window->conversionSettings.zeroFlow.vpdLimit, 0.05F);
     }
-    EXPECT_EQ(desk.first.data.dateCol, 4);
-    EXPECT_EQ(desk.first.data.timeCol, 5);
-    EXPECT_EQ(desk.second.data.dateCol, 1);
-    EXPECT_EQ(desk.second.data.timeCol, 2);
+    EXPECT_EQ(desk.first.view.dateCol, 4);
+    EXPECT_EQ(desk.first.view.timeCol, 5);
+    EXPECT_EQ(desk.second.view.dateCol, 1);
+    EXPECT_EQ(desk.second.view.timeCol, 2);
 }
 
 TEST(OptionsFault, aMissingValueThatIsNoNumberIsRefusedByBothButtons)

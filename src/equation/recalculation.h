@@ -21,13 +21,10 @@ public:
     void mnuToolsRecalculateAll_Click();
     void mnuToolsRecalculateSelection_Click();
 
-    /// Rows `first` to `last` of a column, without selection, undo copy or pointer: the work inside `recalculate`.
-    /// False after Cancel.
-    bool convertRows(RowConverter& converter, std::int32_t column, std::int32_t first, std::int32_t last);
-
 private:
     void convertAllColumns();
-    void showResult();
+    /// False after Cancel.
+    bool convertColumn(RowConverter& converter, std::int32_t column);
 
     Window& m_window;
 };

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/main_window.h"
+#include "app/engine.h"
 
 #include "app/shell_window.h"
 #include "app/string_table.h"
@@ -45,7 +45,7 @@ std::string smallRecord()
 /// The user marks these columns (1-based), asks for the pre-process and presses OK.
 void setUp(Shell& shell, const std::string& vpd, const std::string& par, const std::vector<int>& parameters)
 {
-    ColumnSetup& dialog = *shell.window.labelFrm;
+    ColumnSetup& dialog = *shell.window.forms.labelFrm;
     for (const int row : parameters) dialog.setCheckBox(row, true);
     dialog.boxes.vpdBox = vpd;
     dialog.boxes.parBox = par;
@@ -123,10 +123,10 @@ TEST(SmallRun, flagsTheNightsFromTheirFourthRow)
 TEST(SmallRun, setsOnePointANightAtTheHighestReading)
 {
     SmallRun shell;
-    ASSERT_EQ(shell.window.basePoints.sensors(), 1);
-    EXPECT_EQ(shell.window.sensorCols, std::vector<std::int32_t>{3});
+    ASSERT_EQ(shell.window.sensors.count(), 1);
+    EXPECT_EQ(shell.window.sensors.column(0), 2);
     for (std::int32_t row = 0; row < 60; ++row)
-        EXPECT_EQ(shell.window.basePoints(0, row), row == 5 || row == 35) << row;
+        EXPECT_EQ(shell.window.sensors.isPoint(0, row), row == 5 || row == 35) << row;
 }
 
 TEST(SmallRun, drawsTheBaselineBetweenThePointsAtATenthARow)
@@ -172,13 +172,13 @@ TEST(SmallRun, outsideThePointsEverythingStaysMissing)
 TEST(SmallRun, leavesTheWindowInItsModeOnTheColumnOnView)
 {
     SmallRun shell;
-    EXPECT_TRUE(shell.window.Turbo);
+    EXPECT_TRUE(shell.window.view.Turbo);
     EXPECT_EQ(shell.status(), "Mode: traditional, edit data");
     EXPECT_FALSE(shell.window.data.saveCheck);
-    EXPECT_EQ(shell.window.curSensor, -1); // VPD is on view
+    EXPECT_EQ(shell.window.view.curSensor, -1); // VPD is on view
     EXPECT_FALSE(shell.window.isEnabled(Control::convButton));
-    shell.window.chooseColumn(0, 2);
-    EXPECT_EQ(shell.window.curSensor, 0);
+    shell.window.lists.choose(0, 2);
+    EXPECT_EQ(shell.window.view.curSensor, 0);
     EXPECT_TRUE(shell.window.isEnabled(Control::convButton));
     EXPECT_EQ(shell.fakeUi.surfaces[0].only("circle").size(), 2U); // both points are in view
 }
@@ -187,10 +187,10 @@ TEST(SmallRun, aSensorOnViewAtOkHasItsOrdinalAndItsPointsWithoutBeingChosenAgain
 {
     Shell shell;
     shell.openText(smallRecord());
-    shell.window.chooseColumn(0, 2);
-    EXPECT_EQ(shell.window.curSensor, -1);
+    shell.window.lists.choose(0, 2);
+    EXPECT_EQ(shell.window.view.curSensor, -1);
     setUp(shell, "1", "2", {1, 2});
-    EXPECT_EQ(shell.window.curSensor, 0);
+    EXPECT_EQ(shell.window.view.curSensor, 0);
     EXPECT_EQ(shell.fakeUi.surfaces[0].only("circle").size(), 2U); // one a night, both in view
 }
 
@@ -203,7 +203,7 @@ TEST(SmallRun, aColumnTheFileDoesNotHaveIsOneBoxAndChangesNothing)
     EXPECT_EQ(shell.fakeUi.messages[0].text,
               "The VPD column \"11\" does not exist: the file has 3 columns. Type a number from 1 to 3.");
     EXPECT_TRUE(shell.fakeUi.columnSetupShown);
-    EXPECT_FALSE(shell.window.Turbo);
+    EXPECT_FALSE(shell.window.view.Turbo);
     EXPECT_TRUE(shell.window.data.saveCheck);
 }
 
@@ -223,8 +223,8 @@ TEST(SmallRun, anotherRecordOpenedAfterwardsHasNoPoints)
     SmallRun shell;
     shell.window.data.saveCheck = true;
     shell.openText(kSavedRecord);
-    EXPECT_FALSE(shell.window.Turbo);
-    EXPECT_EQ(shell.window.basePoints.sensors(), 0);
+    EXPECT_FALSE(shell.window.view.Turbo);
+    EXPECT_EQ(shell.window.sensors.count(), 0);
     EXPECT_TRUE(shell.window.isEnabled(Control::mnuToolsMode));
 }
 
@@ -241,7 +241,7 @@ public:
     void resize(float width)
     {
         fakeUi.surfaces[0].width = width;
-        window.scrollset();
+        window.scrolling.fitScrollBar();
     }
     [[nodiscard]] bool saysSo() const { return status2().find("long record") != std::string::npos; }
 };
@@ -249,14 +249,14 @@ public:
 TEST(LongRecordMode, isEnteredAndLeftByResizing)
 {
     FortyThousandRows shell;
-    EXPECT_FALSE(shell.window.longRecord);
+    EXPECT_FALSE(shell.window.view.longRecord);
     shell.resize(7231);
-    EXPECT_EQ(shell.window.HScroll1.Max, 32768); // 40000 - 7231 - 1: one more than 16 bits hold
-    EXPECT_TRUE(shell.window.longRecord);
+    EXPECT_EQ(shell.window.view.HScroll1.Max, 32768); // 40000 - 7231 - 1: one more than 16 bits hold
+    EXPECT_TRUE(shell.window.view.longRecord);
     EXPECT_TRUE(shell.saysSo());
     shell.resize(7232);
-    EXPECT_EQ(shell.window.HScroll1.Max, 32767);
-    EXPECT_FALSE(shell.window.longRecord);
+    EXPECT_EQ(shell.window.view.HScroll1.Max, 32767);
+    EXPECT_FALSE(shell.window.view.longRecord);
     EXPECT_FALSE(shell.saysSo());
     EXPECT_THAT(shell.fakeUi.messages, IsEmpty());
 }
@@ -279,7 +279,7 @@ TEST(SampleRecord, isProcessedSavedAndReopenedEqual)
     EXPECT_EQ(shell.window.data.lines, 1440);
     setUp(shell, "4", "3", {1, 2, 3, 4, 5});
     EXPECT_THAT(shell.fakeUi.messages, IsEmpty());
-    EXPECT_EQ(shell.window.sensors, 8);
+    EXPECT_EQ(shell.window.sensors.count(), 8);
     for (std::int32_t column = 5; column < 13; ++column) expectGraniersFlux(shell.window.data, column);
     expectReopensEqual(shell);
 }
@@ -295,11 +295,11 @@ TEST_P(MeasuredRecord, isProcessedSavedAndReopenedEqual)
     Shell shell;
     shell.openText(*text);
     EXPECT_EQ(shell.window.data.lines, GetParam().second);
-    EXPECT_EQ(shell.window.longRecord, GetParam().second > 32767 + 101);
+    EXPECT_EQ(shell.window.view.longRecord, GetParam().second > 32767 + 101);
     setUp(shell, "4", "3", {1, 2, 3, 4});
     EXPECT_THAT(shell.fakeUi.messages, IsEmpty());
-    shell.window.chooseColumn(0, 4);
-    EXPECT_EQ(shell.window.curSensor, 0);
+    shell.window.lists.choose(0, 4);
+    EXPECT_EQ(shell.window.view.curSensor, 0);
     const auto& flags = shell.window.data.lullFlags;
     const bool hasLulls = std::find(flags.begin(), flags.end(), true) != flags.end();
     if (hasLulls) expectGraniersFlux(shell.window.data, 4);

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "baseline/recalculation.h"
+#include "equation/recalculation.h"
 
 #include "support/test_window.h"
 #include "window/breather.h"
@@ -16,11 +16,11 @@ using testing::ElementsAre;
 using Cells = std::vector<double>;
 
 /// Three columns of three rows with readings 2 and baselines 3, 99999 (missing) and 5; converted 7; equation "X+B".
-class Record : public TestWindow {
+class Recalculated : public TestWindow {
 public:
     Recalculation recalculation{*this};
 
-    Record()
+    Recalculated()
     {
         setReadings({{2, 2, 2}, {2, 2, 2}, {2, 2, 2}});
         for (std::int32_t column = 0; column < 3; ++column)
@@ -29,14 +29,14 @@ public:
                 data.values(kConverted, column, row) = 7;
             }
         data.labels = {"A", "B", "C"};
-        curCol = 1;
+        choose(1);
         setChecked(Control::highBox, true);
         setText(Control::FormulaBox, "X+B");
     }
     void undoSave(std::int32_t column) override
     {
         TestWindow::undoSave(column);
-        copied = {selStart, selEnd};
+        copied = {view.selStart, view.selEnd};
         if (copyFails) throw std::bad_alloc();
     }
     /// The pointer in the middle of a command.
@@ -45,31 +45,17 @@ public:
         Pointer during = Pointer::standard;
         setPointer(Pointer::cross);
         clock.step = Breather::kPause; // events run after every row
-        fakeUi.onPendingEvents = [&] { during = pointer; };
+        fakeUi.onPendingEvents = [&] { during = pointer(); };
         command();
         return during;
     }
-    void convButton_Click() override
-    {
-        TestWindow::convButton_Click();
-        if (fakeUi.onPendingEvents) fakeUi.onPendingEvents();
-    }
     std::pair<std::int32_t, std::int32_t> copied;
     bool copyFails = false;
-    void markParameter(int column1)
-    {
-        labelFrm = std::make_unique<ColumnSetup>(*this);
-        labelFrm->Form_Load();
-        labelFrm->setCheckBox(column1, true);
-        labelFrm->OKButton_Click();
-        calls.clear();
-        data.saveCheck = true;
-    }
 };
 
 TEST(Recalculate, oneColumnWhereItHasABaseline)
 {
-    Record record;
+    Recalculated record;
     record.recalculation.recalculate(1);
     EXPECT_EQ(record.column(kConverted, 1), (Cells{5, 7, 7})); // 2+3, kept, 2+5
     EXPECT_EQ(record.column(kConverted, 0), (Cells{7, 7, 7}));
@@ -77,19 +63,19 @@ TEST(Recalculate, oneColumnWhereItHasABaseline)
 
 TEST(Recalculate, oneColumnIsSelectedWholeAndCopiedForUndo)
 {
-    Record record;
-    record.selStart = 2;
-    record.selEnd = 2;
+    Recalculated record;
+    record.view.selStart = 2;
+    record.view.selEnd = 2;
     record.recalculation.recalculate(1);
-    EXPECT_EQ(record.selStart, 0);
-    EXPECT_EQ(record.selEnd, 2);
+    EXPECT_EQ(record.view.selStart, 0);
+    EXPECT_EQ(record.view.selEnd, 2);
     EXPECT_THAT(record.calls, ElementsAre("undoSave 1"));
     EXPECT_EQ(record.copied, std::pair(0, 2)); // the rows that are about to change, not those selected before
 }
 
 TEST(Recalculate, withoutRoomForTheCopyNothingHasChanged)
 {
-    Record record;
+    Recalculated record;
     record.copyFails = true;
     EXPECT_THROW(record.recalculation.recalculate(1), std::bad_alloc);
     EXPECT_TRUE(record.data.saveCheck);
@@ -98,25 +84,25 @@ TEST(Recalculate, withoutRoomForTheCopyNothingHasChanged)
 
 TEST(Recalculate, allColumnsWithoutACopyAndWithoutTouchingTheSelection)
 {
-    Record record;
-    record.selStart = record.selEnd = 2;
+    Recalculated record;
+    record.view.selStart = record.view.selEnd = 2;
     record.recalculation.recalculate(-1);
     for (std::int32_t column = 0; column < 3; ++column) EXPECT_EQ(record.column(kConverted, column), (Cells{5, 7, 7}));
     EXPECT_TRUE(record.calls.empty());
-    EXPECT_EQ(record.selStart, 2);
+    EXPECT_EQ(record.view.selStart, 2);
 }
 
 TEST(Recalculate, allColumnsTakeParameterColumnsWithABaselineToo)
 {
-    Record record;
-    record.markParameter(3);
+    Recalculated record;
+    record.data.parameters = {false, false, true};
     record.recalculation.recalculate(-1);
     EXPECT_EQ(record.column(kConverted, 2), (Cells{5, 7, 7}));
 }
 
 TEST(Recalculate, clearsTheStopFlagFirstAndEndsAfterTheRowOfACancel)
 {
-    Record record;
+    Recalculated record;
     record.stopFlag = true;
     record.data.values(kUnconverted, 1, 2) = 0;
     record.setText(Control::FormulaBox, "3+X/X");
@@ -131,15 +117,15 @@ TEST(Recalculate, clearsTheStopFlagFirstAndEndsAfterTheRowOfACancel)
 TEST(Recalculate, worksUnderTheHourglass)
 {
     for (const std::int32_t column : {0, -1}) {
-        Record record;
+        Recalculated record;
         EXPECT_EQ(record.pointerDuring([&] { record.recalculation.recalculate(column); }), Pointer::hourglass);
-        EXPECT_EQ(record.pointer, Pointer::cross);
+        EXPECT_EQ(record.pointer(), Pointer::cross);
     }
 }
 
 TEST(Recalculate, aColumnThatIsNotThereChangesNothing)
 {
-    Record record;
+    Recalculated record;
     record.recalculation.recalculate(3);
     EXPECT_TRUE(record.calls.empty());
     EXPECT_TRUE(record.data.saveCheck);
@@ -147,7 +133,7 @@ TEST(Recalculate, aColumnThatIsNotThereChangesNothing)
 
 TEST(RecalculateEntries, currentRedrawsAndLeavesAnUnsavedChange)
 {
-    Record record;
+    Recalculated record;
     record.recalculation.mnuToolsRecalculate_Click();
     EXPECT_THAT(record.calls, ElementsAre("undoSave 1", "redraw 0 True", "redraw 1 True", "updateCues"));
     EXPECT_FALSE(record.data.saveCheck);
@@ -156,8 +142,8 @@ TEST(RecalculateEntries, currentRedrawsAndLeavesAnUnsavedChange)
 
 TEST(RecalculateEntries, currentWithoutAColumnDoesNotMeanAll)
 {
-    Record record;
-    record.curCol = -1;
+    Recalculated record;
+    record.choose(-1);
     record.recalculation.mnuToolsRecalculate_Click();
     EXPECT_TRUE(record.calls.empty());
     EXPECT_EQ(record.column(kConverted, 0), (Cells{7, 7, 7}));
@@ -165,7 +151,7 @@ TEST(RecalculateEntries, currentWithoutAColumnDoesNotMeanAll)
 
 TEST(RecalculateEntries, allRedrawsAndLeavesAnUnsavedChange)
 {
-    Record record;
+    Recalculated record;
     record.recalculation.mnuToolsRecalculateAll_Click();
     EXPECT_THAT(record.calls, ElementsAre("redraw 0 True", "redraw 1 True", "updateCues"));
     EXPECT_FALSE(record.data.saveCheck);
@@ -173,17 +159,33 @@ TEST(RecalculateEntries, allRedrawsAndLeavesAnUnsavedChange)
 
 TEST(RecalculateEntries, selectionWorksUnderTheHourglass)
 {
-    Record record;
+    Recalculated record;
+    record.view.selEnd = 2;
     EXPECT_EQ(record.pointerDuring([&] { record.recalculation.mnuToolsRecalculateSelection_Click(); }),
               Pointer::hourglass);
-    EXPECT_EQ(record.pointer, Pointer::cross);
+    EXPECT_EQ(record.pointer(), Pointer::cross);
 }
 
-TEST(RecalculateEntries, selectionConvertsAsTheButtonDoesAndRedraws)
+TEST(RecalculateEntries, selectionConvertsAsTheButtonDoesAndDrawsEachAreaOnce)
 {
-    Record record;
+    Recalculated record;
+    record.view.selEnd = 2;
     record.recalculation.mnuToolsRecalculateSelection_Click();
-    EXPECT_THAT(record.calls, ElementsAre("convButton_Click", "redraw 0 True", "redraw 1 True", "updateCues"));
+    EXPECT_THAT(record.calls, ElementsAre("undoSave 1", "skip False", "redraw 0 True", "redraw 1 True", "updateCues"));
+    EXPECT_EQ(record.column(kBaseline, 1), (Cells{2, 2, 2}));
+    EXPECT_EQ(record.column(kConverted, 1), (Cells{4, 4, 4}));
+}
+
+TEST(Recalculate, aColumnWithoutABaselineIsNoChange)
+{
+    Recalculated record;
+    for (std::int32_t row = 0; row < 3; ++row) record.data.values(kBaseline, 1, row) = 99999;
+    record.recalculation.mnuToolsRecalculate_Click();
+    EXPECT_TRUE(record.data.saveCheck);
+    for (std::int32_t column = 0; column < 3; ++column)
+        for (std::int32_t row = 0; row < 3; ++row) record.data.values(kBaseline, column, row) = 99999;
+    record.recalculation.mnuToolsRecalculateAll_Click();
+    EXPECT_FALSE(record.data.saveCheck) << "all columns always are one";
 }
 
 } // namespace

@@ -1,7 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "window/column_setup.h"
+#include "forms/column_setup.h"
 
 #include "data/numbers.h"
+#include "data/settings_store.h"
+#include "view/column_lists.h"
+#include "window/command_failure.h"
 #include "window/window.h"
 
 #include <algorithm>
@@ -10,32 +13,34 @@ namespace tarvelint {
 
 void ColumnSetup::Form_Load()
 {
-    takeLabels();
     const PreProcessSettings settings = readPreProcessSettings(m_parentForm.env.settings);
-    boxes = {.checkBox = std::vector<bool>(m_labels.size(), false),
-             .saveBox = false,
-             .turboCheck = false,
-             .vpdBox = settings.vpd,
-             .parBox = settings.par,
-             .VPDlBox = settings.vpdLimit,
-             .PARlBox = settings.parLimit,
-             .timeBox = settings.lullTime};
-    m_applied = boxes;
+    m_applied = {.checkBox = {},
+                 .saveBox = false,
+                 .turboCheck = false,
+                 .vpdBox = settings.vpd,
+                 .parBox = settings.par,
+                 .VPDlBox = settings.vpdLimit,
+                 .PARlBox = settings.parLimit,
+                 .timeBox = settings.lullTime};
+    takeRecord();
     m_isShown = true;
 }
 
 void ColumnSetup::Form_Show()
 {
     if (m_isShown) return;
+    takeRecord();
     m_isShown = true;
-    takeLabels();
-    boxes = m_applied;
 }
 
-void ColumnSetup::takeLabels()
+void ColumnSetup::takeRecord()
 {
+    const Record& record = m_parentForm.data;
     // The column lists may show numbers ("show" is off); taken from there, OK would replace labels by numbers.
-    m_labels = m_parentForm.data.labels;
+    m_labels = record.labels;
+    boxes = m_applied;
+    boxes.checkBox = record.parameters;
+    boxes.checkBox.resize(m_labels.size(), false);
 }
 
 int ColumnSetup::scrollValueShowing(int row1, int scrollValue) const
@@ -63,41 +68,25 @@ const std::string& ColumnSetup::tipLabel()
 void ColumnSetup::OKButton_Click()
 {
     // Everything that can fail is read first: a number that cannot be used leaves the window as it was.
-    const Parameters parameters = boxes.turboCheck ? readParameters() : Parameters{};
+    ColumnChoices choices{m_labels, boxes.checkBox, boxes.saveBox, std::nullopt};
+    if (boxes.turboCheck) choices.zeroFlow = readParameters();
     m_applied = boxes;
-    m_hasDecided = true;
-    m_parentForm.updateLabels();
-    m_parentForm.markChanged();
-    m_parentForm.varList_Change(0);
-    if (boxes.turboCheck)
-        applyPreProcess(parameters);
-    else
-        applyManual();
+    applyColumnSetup(m_parentForm, choices);
     hide();
     m_parentForm.showMode();
-    m_parentForm.varList_Change(0); // now with the sensor ordinal of the column on view
-}
-
-bool ColumnSetup::savesLabels() const
-{
-    return m_hasDecided ? m_applied.saveBox : m_parentForm.readWithLabels;
+    ColumnLists(m_parentForm).varList_Change(0); // now with the sensor ordinal of the column on view
 }
 
 void ColumnSetup::CancelButton_Click()
 {
-    boxes = m_applied;
+    takeRecord();
     hide();
 }
 
 void ColumnSetup::hide()
 {
     m_isShown = false;
-    m_parentForm.ui.hideColumnSetup();
-}
-
-std::int32_t ColumnSetup::sensorCount() const
-{
-    return static_cast<std::int32_t>(std::count(boxes.checkBox.begin(), boxes.checkBox.end(), false));
+    m_parentForm.dialogs.hideColumnSetup();
 }
 
 std::int16_t ColumnSetup::columnNumber(const std::string& text, const char* what) const
@@ -146,46 +135,18 @@ std::int32_t rowCount(const std::string& text)
 
 } // namespace
 
-ColumnSetup::Parameters ColumnSetup::readParameters() const
+ZeroFlowSettings ColumnSetup::readParameters() const
 {
-    Parameters parameters;
+    ZeroFlowSettings parameters;
     parameters.vpdCol = columnNumber(boxes.vpdBox, "VPD");
     parameters.parCol = columnNumber(boxes.parBox, "PAR");
     parameters.vpdLimit = limit(boxes.VPDlBox, "VPD limit");
     parameters.parLimit = limit(boxes.PARlBox, "PAR limit");
     parameters.lullTime = rowCount(boxes.timeBox);
-    if (sensorCount() == 0)
+    if (std::find(boxes.checkBox.begin(), boxes.checkBox.end(), false) == boxes.checkBox.end())
         throw CommandFailure("Every column is marked \"Do not convert\": there is no sensor column to pre-process. "
                              "Clear the mark of at least one sensor column.");
     return parameters;
-}
-
-void ColumnSetup::applyPreProcess(const Parameters& parameters)
-{
-    Window& window = m_parentForm;
-    window.Turbo = true;
-    window.lineMode = false;
-    window.Sloppy = false;
-    window.chainActive = false;
-    window.setPointer(Pointer::hourglass);
-    window.setEnabled(Control::mnuToolsMode, false);
-    window.data.vpdCol = parameters.vpdCol;
-    window.data.parCol = parameters.parCol;
-    window.data.vpdLimit = parameters.vpdLimit;
-    window.data.parLimit = parameters.parLimit;
-    window.data.lullTime = parameters.lullTime;
-    window.preProcess();
-    window.sensors = sensorCount();
-    window.getBase();
-}
-
-void ColumnSetup::applyManual()
-{
-    m_parentForm.Turbo = false;
-    m_parentForm.lineMode = true;
-    m_parentForm.Sloppy = true;
-    m_parentForm.chainActive = false;
-    m_parentForm.setEnabled(Control::mnuToolsMode, true);
 }
 
 } // namespace tarvelint

@@ -1,9 +1,11 @@
 // SPDX-License-Identifier: MIT
-#include "equation/options.h"
+#include "forms/options.h"
 
 #include "data/numbers.h"
 #include "equation/evaluator.h"
 #include "equation/validator.h"
+#include "window/command_failure.h"
+#include "window/window.h"
 
 namespace tarvelint {
 
@@ -40,16 +42,12 @@ bool Options::cmdApplyCur_Click()
     if (!blankIsNumeric()) return false;
     const Numbers numbers = readNumbers();
     applyEquation();
-    DataSet& data = parentForm->data;
-    data.dateCol = numbers.date;
-    data.timeCol = numbers.time;
+    View& view = parentForm->view;
+    view.dateCol = numbers.date;
+    view.timeCol = numbers.time;
     // As typed, whereas the column setup dialog takes one off what it shows: the two differ, and both stay.
-    data.vpdCol = numbers.vpd;
-    data.parCol = numbers.par;
-    data.lullTime = numbers.lullTime;
-    data.vpdLimit = numbers.vpdLimit;
-    data.parLimit = numbers.parLimit;
-    data.zeroOut = zeroBox;
+    parentForm->conversionSettings.zeroFlow = numbers.zeroFlow;
+    parentForm->data.zeroOut = zeroBox;
     parentForm->fixblanks();
     return true;
 }
@@ -63,8 +61,8 @@ bool Options::cmdApplyAll_Click(std::span<Window* const> windows)
     for (Window* window : windows) {
         window->setText(Control::FormulaBox, eqBox);
         // The parent's, whichever window is visited: the other numbers reach windows through the store only.
-        parentForm->data.dateCol = numbers.date;
-        parentForm->data.timeCol = numbers.time;
+        parentForm->view.dateCol = numbers.date;
+        parentForm->view.timeCol = numbers.time;
         window->fixblanks();
     }
     return true;
@@ -83,11 +81,12 @@ Options::Numbers Options::readNumbers() const
     Numbers numbers;
     numbers.date = numberIn(dateBox, "Date column", roundToInt16);
     numbers.time = numberIn(timeBox, "Time column", roundToInt16);
-    numbers.vpd = numberIn(vpdBox, "VPD column", roundToInt16);
-    numbers.par = numberIn(parBox, "PAR column", roundToInt16);
-    numbers.lullTime = numberIn(timiBox, "Minimum time intervals", roundToInt32);
-    numbers.vpdLimit = numberIn(VPDlBox, "VPD limit", toFloat32);
-    numbers.parLimit = numberIn(PARlBox, "PAR limit", toFloat32);
+    ZeroFlowSettings& zeroFlow = numbers.zeroFlow;
+    zeroFlow.vpdCol = numberIn(vpdBox, "VPD column", roundToInt16);
+    zeroFlow.parCol = numberIn(parBox, "PAR column", roundToInt16);
+    zeroFlow.lullTime = numberIn(timiBox, "Minimum time intervals", roundToInt32);
+    zeroFlow.vpdLimit = numberIn(VPDlBox, "VPD limit", toFloat32);
+    zeroFlow.parLimit = numberIn(PARlBox, "PAR limit", toFloat32);
     static_cast<void>(numberIn(blankBox, "Number for missing values", roundToInt32));
     return numbers;
 }

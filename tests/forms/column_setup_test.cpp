@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "window/column_setup.h"
+#include "forms/column_setup.h"
 
-#include "window/setup_window.h"
+#include "forms/setup_window.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -19,11 +19,21 @@ using testing::StartsWith;
 TEST(ColumnSetupOpening, eachRowShowsItsColumnsLabelAlsoWhileTheListsShowNumbers)
 {
     SetupWindow window(2);
-    window.setListEntries({"1", "2"});
+    window.view.columnEntries = {"1", "2"};
     window.loadDialog();
     EXPECT_EQ(window.dialog().rows(), 2);
     EXPECT_EQ(window.dialog().labelBox(1), "L1");
     EXPECT_EQ(window.dialog().labelBox(2), "L2");
+}
+
+TEST(ColumnSetupOpening, aNewDialogShowsTheMarksOfTheRecord)
+{
+    SetupWindow window(3);
+    window.data.parameters = {true, false};
+    window.loadDialog();
+    EXPECT_TRUE(window.dialog().checkBox(1));
+    EXPECT_FALSE(window.dialog().checkBox(2));
+    EXPECT_FALSE(window.dialog().checkBox(3));
 }
 
 TEST(ColumnSetupOpening, anEmptyStoreGivesThisDialogsOwnDefaults)
@@ -141,56 +151,91 @@ TEST(ColumnSetupPaging, aFocusedRowScrollsIntoViewByTheLeastStep)
 TEST(ColumnSetupOk, withoutPreProcessTheOrderIsLabelsUnsavedColumnModesHideColumn)
 {
     SetupWindow window;
+    window.dialog().setLabelBox(1, "typed");
     window.dialog().OKButton_Click();
-    EXPECT_THAT(window.calls, ElementsAre("updateLabels", "varList_Change 0, shown",
-                                          "varList_Change 0, hidden, Mode: sloppy one-click"));
-    EXPECT_TRUE(window.saveCheckAtLabels); // unsaved only after the labels
+    EXPECT_THAT(window.calls,
+                ElementsAre("redraw 0 True, shown", "updateCues", "redraw 0 True, hidden, Mode: sloppy one-click",
+                            "updateCues"));
+    EXPECT_EQ(window.labelsAtFirstDrawing.front(), "typed");
     EXPECT_FALSE(window.data.saveCheck);
 }
 
-TEST(ColumnSetupOk, withPreProcessTheSensorsAreCountedBetweenPreProcessAndGetBase)
+TEST(ColumnSetupOk, withPreProcessTheOldSensorsAreShownOnceMoreBeforeTheNewOnes)
 {
     SetupWindow window;
-    window.sensors = 7;
+    window.addLulls();
+    window.makeSensors({0, 1, 2, 3, 4, 5, 6});
     for (const int row : {1, 2, 3, 11}) window.dialog().setCheckBox(row, true);
     EXPECT_EQ(window.okWithPreProcess(), "");
-    EXPECT_THAT(window.calls, ElementsAre("updateLabels", "varList_Change 0, shown", "preProcess, shown",
-                                          "getBase, shown", "varList_Change 0, hidden, Mode: traditional, edit data"));
-    EXPECT_EQ(window.sensorsAtPreProcess, 7);
-    EXPECT_EQ(window.sensorsAtGetBase, 8); // 12 columns less 4 marked ones
+    EXPECT_THAT(window.calls,
+                ElementsAre("redraw 0 True, shown", "updateCues",
+                            "redraw 0 True, hidden, Mode: traditional, edit data", "updateCues"));
+    EXPECT_EQ(window.sensorsAtFirstDrawing, 7);
+    EXPECT_EQ(window.sensors.count(), 8); // 12 columns less 4 marked ones
 }
 
-TEST(ColumnSetupOk, preProcessFindsTheModeSetAndItsColumnsCountedFromZero)
+TEST(ColumnSetupOk, withPreProcessTheLullsAreFlaggedBeforeThePointsAreSet)
 {
     SetupWindow window;
-    window.lineMode = window.Sloppy = true;
+    window.addLulls();
     EXPECT_EQ(window.okWithPreProcess(), "");
-    EXPECT_TRUE(window.modeIsTurbo);
-    EXPECT_TRUE(window.parametersArePlaced); // "11" is column 10, "3" column 2
-    EXPECT_EQ(window.pointer, Pointer::cross);
+    EXPECT_FALSE(window.data.lullFlags[2]);
+    EXPECT_TRUE(window.data.lullFlags[3]) << "the third row after the first";
+    EXPECT_TRUE(window.sensors.isPoint(0, 3)) << "equal readings leave the point on the first flagged row";
+    EXPECT_EQ(window.data.values(kBaseline, 0, 20), 2) << "between the two lulls";
+    EXPECT_EQ(window.text(Control::statusPanel2), "");
+}
+
+TEST(ColumnSetupOk, withPreProcessTheWindowIsInTurboUnderAnHourglassUntilItIsDone)
+{
+    SetupWindow window;
+    window.addLulls();
+    std::vector<Pointer> pointers;
+    window.fakeUi.onPaintStatus = [&] { pointers.push_back(window.pointer()); };
+    window.view.lineMode = window.view.Sloppy = window.view.chainActive = true;
+    EXPECT_EQ(window.okWithPreProcess(), "");
+    EXPECT_TRUE(window.view.Turbo);
+    EXPECT_FALSE(window.view.lineMode || window.view.Sloppy || window.view.chainActive);
+    EXPECT_FALSE(window.isEnabled(Control::mnuToolsMode));
+    EXPECT_EQ(window.conversionSettings.zeroFlow.vpdCol, 10); // "11" is column 10 counted from 0
+    EXPECT_EQ(window.conversionSettings.zeroFlow.parCol, 2);
+    EXPECT_THAT(pointers, ElementsAre(Pointer::hourglass, Pointer::hourglass));
+    EXPECT_EQ(window.pointer(), Pointer::cross);
+    EXPECT_EQ(window.view.curSensor, 0) << "shown once more, now with its sensor";
+}
+
+TEST(ColumnSetupOk, aPreProcessWithoutAPointSaysSoInTheSecondPanel)
+{
+    SetupWindow window;
+    window.setStatus(2, "Viewing intput data");
+    EXPECT_EQ(window.okWithPreProcess(), "");
+    EXPECT_EQ(window.text(Control::statusPanel2), "Viewing intput data, no zero flow found");
+    window.addLulls();
+    EXPECT_EQ(window.okWithPreProcess(), "");
+    EXPECT_EQ(window.text(Control::statusPanel2), "Viewing intput data");
 }
 
 TEST(ColumnSetupOk, withoutPreProcessTheWindowIsInSloppyOneClickModeAndItsModeEntryIsEnabled)
 {
     SetupWindow window;
-    window.Turbo = true;
+    window.view.Turbo = window.view.chainActive = true;
     window.setEnabled(Control::mnuToolsMode, false);
     window.dialog().OKButton_Click();
-    EXPECT_FALSE(window.Turbo);
-    EXPECT_TRUE(window.lineMode);
-    EXPECT_TRUE(window.Sloppy);
+    EXPECT_FALSE(window.view.Turbo);
+    EXPECT_TRUE(window.view.lineMode);
+    EXPECT_TRUE(window.view.Sloppy);
     EXPECT_TRUE(window.isEnabled(Control::mnuToolsMode));
-    EXPECT_EQ(window.pointer, Pointer::northSouth);
+    EXPECT_EQ(window.pointer(), Pointer::northSouth);
 }
 
 TEST(ColumnSetupOk, limitsAre32BitFloats)
 {
     SetupWindow window;
     EXPECT_EQ(window.okWithPreProcess(), "");
-    EXPECT_EQ(window.data.vpdLimit, 0.05F);
-    EXPECT_EQ(window.data.parLimit, 0.01F);
-    EXPECT_LE(0.05, double{window.data.vpdLimit}); // a reading of 0.05 is within "0.05",
-    EXPECT_GT(0.01, double{window.data.parLimit}); // one of 0.01 is not within "0.01"
+    EXPECT_EQ(window.conversionSettings.zeroFlow.vpdLimit, 0.05F);
+    EXPECT_EQ(window.conversionSettings.zeroFlow.parLimit, 0.01F);
+    EXPECT_LE(0.05, double{window.conversionSettings.zeroFlow.vpdLimit}); // a reading of 0.05 is within "0.05",
+    EXPECT_GT(0.01, double{window.conversionSettings.zeroFlow.parLimit}); // one of 0.01 is not within "0.01"
 }
 
 TEST(ColumnSetupOk, theLullLengthIsRoundedHalfToEven)
@@ -199,7 +244,7 @@ TEST(ColumnSetupOk, theLullLengthIsRoundedHalfToEven)
         SetupWindow window;
         window.boxes().timeBox = typed;
         EXPECT_EQ(window.okWithPreProcess(), "");
-        EXPECT_EQ(window.data.lullTime, rows) << typed;
+        EXPECT_EQ(window.conversionSettings.zeroFlow.lullTime, rows) << typed;
     }
 }
 
@@ -210,7 +255,7 @@ TEST(ColumnSetupOk, columnNumbersAreReadByTheirLeadingNumberLessOneHalfToEven)
         SetupWindow window;
         window.boxes().vpdBox = typed;
         EXPECT_EQ(window.okWithPreProcess(), "");
-        EXPECT_EQ(window.data.vpdCol, column) << typed;
+        EXPECT_EQ(window.conversionSettings.zeroFlow.vpdCol, column) << typed;
     }
 }
 
@@ -219,27 +264,27 @@ TEST(ColumnSetupOk, marksAndTheLabelChoiceCountOnlyFromThen)
     SetupWindow window;
     window.dialog().setCheckBox(2, true);
     window.boxes().saveBox = true;
-    EXPECT_FALSE(window.isParameterColumn(1));
-    EXPECT_FALSE(window.savesLabels());
+    EXPECT_FALSE(window.data.isParameter(1));
+    EXPECT_FALSE(window.data.savesLabels);
     window.dialog().OKButton_Click();
-    EXPECT_TRUE(window.isParameterColumn(1));
-    EXPECT_FALSE(window.isParameterColumn(0));
-    EXPECT_TRUE(window.savesLabels());
-    EXPECT_FALSE(window.isParameterColumn(-1));
-    EXPECT_FALSE(window.isParameterColumn(12));
+    EXPECT_TRUE(window.data.isParameter(1));
+    EXPECT_FALSE(window.data.isParameter(0));
+    EXPECT_TRUE(window.data.savesLabels);
+    EXPECT_FALSE(window.data.isParameter(-1));
+    EXPECT_FALSE(window.data.isParameter(12));
 }
 
 TEST(ColumnSetupOk, untilThenLabelsGoOutAsTheFileCame)
 {
     SetupWindow window;
-    window.readWithLabels = true;
-    EXPECT_TRUE(window.savesLabels()); // a dialog that was only looked at loses no labels
+    window.data.savesLabels = true;
+    EXPECT_TRUE(window.data.savesLabels); // a dialog that was only looked at loses no labels
     window.dialog().CancelButton_Click();
-    EXPECT_TRUE(window.savesLabels());
+    EXPECT_TRUE(window.data.savesLabels);
     window.dialog().Form_Show();
     EXPECT_FALSE(window.boxes().saveBox);
     window.dialog().OKButton_Click();
-    EXPECT_FALSE(window.savesLabels());
+    EXPECT_FALSE(window.data.savesLabels);
 }
 
 TEST(ColumnSetupOk, theBoxesStandAtTheNextShowingAsOkLeftThem)
@@ -275,6 +320,19 @@ TEST(ColumnSetupCancel, appliesNothingAndRestoresTheBoxes)
     EXPECT_FALSE(window.dialog().checkBox(5));
     EXPECT_FALSE(window.boxes().saveBox);
     EXPECT_EQ(window.boxes().vpdBox, "11");
+}
+
+// The choices alone
+
+TEST(ApplyColumnSetup, needsNoDialog)
+{
+    SetupWindow window(2);
+    applyColumnSetup(window, {{"Day", "S1"}, {true, false}, true, std::nullopt});
+    EXPECT_THAT(window.data.labels, ElementsAre("Day", "S1"));
+    EXPECT_TRUE(window.data.isParameter(0));
+    EXPECT_TRUE(window.data.savesLabels);
+    EXPECT_FALSE(window.data.saveCheck);
+    EXPECT_TRUE(window.view.Sloppy);
 }
 
 } // namespace

@@ -1,12 +1,15 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "window/window.h"
+#include "data/settings_store.h"
+#include "window/conversion_settings.h"
 
 #include <span>
 #include <string>
 
 namespace tarvelint {
+
+class Window;
 
 /// The plain half of the options dialog (`frmOptions`): its boxes show what the settings store holds, never what its
 /// window is set to. One serves the whole application.
@@ -40,11 +43,7 @@ private:
     struct Numbers {
         std::int16_t date = 0;
         std::int16_t time = 0;
-        std::int16_t vpd = 0;
-        std::int16_t par = 0;
-        std::int32_t lullTime = 0;
-        float vpdLimit = 0;
-        float parLimit = 0;
+        ZeroFlowSettings zeroFlow;
     };
     /// False after the message about a missing-value number that is none.
     [[nodiscard]] bool blankIsNumeric() const;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "data/settings_store.h"
+#include "forms/apply_column_setup.h"
 
 #include <cstdint>
 #include <string>
@@ -13,7 +13,7 @@ class Window;
 
 /// The plain half of the column setup dialog (`labelForm`): what its boxes hold, and what OK does. Rows are
 /// numbered from 1, as the columns are for the user. Lives from its first showing until its window
-/// or the record goes; OK and Cancel only hide it.
+/// or the record goes; OK and Cancel only hide it. Marks and labels are shown as the record has them.
 class ColumnSetup {
 public:
     /// At most so many rows are shown at a time; they lie `kRowPitch` units apart.
@@ -64,11 +64,6 @@ public:
     void setCheckBox(int row1, bool checked) { boxes.checkBox.at(static_cast<std::size_t>(row1 - 1)) = checked; }
     Boxes boxes;
 
-    /// Marks and the label choice as the last OK left them: what commands and files go by. Before the first OK the
-    /// dialog has decided nothing: no column is a parameter, and labels go out as the file came.
-    [[nodiscard]] bool isParameter(int row1) const { return m_applied.checkBox.at(static_cast<std::size_t>(row1 - 1)); }
-    [[nodiscard]] bool savesLabels() const;
-
     /// `paramFrame` takes input only while the pre-process is wanted.
     [[nodiscard]] bool paramFrameOn() const { return boxes.turboCheck; }
     /// The dialog's fixed explanation; paragraphs are parted by CR LF pairs.
@@ -82,26 +77,15 @@ public:
     void CancelButton_Click();
 
 private:
-    struct Parameters {
-        std::int16_t vpdCol = 0; ///< 0-based
-        std::int16_t parCol = 0;
-        float vpdLimit = 0;
-        float parLimit = 0;
-        std::int32_t lullTime = 0;
-    };
-    [[nodiscard]] Parameters readParameters() const;
+    [[nodiscard]] ZeroFlowSettings readParameters() const;
     [[nodiscard]] std::int16_t columnNumber(const std::string& text, const char* what) const;
-    [[nodiscard]] std::int32_t sensorCount() const;
-    void takeLabels();
-    void applyPreProcess(const Parameters& parameters);
-    void applyManual();
+    void takeRecord();
     void hide();
 
     Window& m_parentForm;
     std::vector<std::string> m_labels;
-    Boxes m_applied;
+    Boxes m_applied; ///< as the last OK left them; marks and labels are the record's
     bool m_isShown = false;
-    bool m_hasDecided = false; ///< OK was given at least once
 };
 
 } // namespace tarvelint

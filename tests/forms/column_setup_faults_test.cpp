@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
-#include "window/column_setup.h"
+#include "forms/column_setup.h"
 
-#include "window/setup_window.h"
+#include "forms/setup_window.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -19,20 +19,20 @@ using testing::StartsWith;
 std::string faultOf(const std::function<void(ColumnSetup&)>& type)
 {
     SetupWindow window;
-    window.lineMode = true;
+    window.view.lineMode = true;
     window.dialog().setCheckBox(1, true);
     type(window.dialog());
     const std::string fault = window.okWithPreProcess();
     EXPECT_THAT(window.calls, IsEmpty());
     EXPECT_TRUE(window.fakeUi.columnSetupShown);
     EXPECT_TRUE(window.data.saveCheck);
-    EXPECT_FALSE(window.Turbo);
-    EXPECT_TRUE(window.lineMode);
+    EXPECT_FALSE(window.view.Turbo);
+    EXPECT_TRUE(window.view.lineMode);
     EXPECT_TRUE(window.isEnabled(Control::mnuToolsMode));
-    EXPECT_EQ(window.data.vpdCol, -1);
-    EXPECT_EQ(window.data.parCol, -1);
-    EXPECT_EQ(window.data.lullTime, 4);
-    EXPECT_FALSE(window.isParameterColumn(0));
+    EXPECT_EQ(window.conversionSettings.zeroFlow.vpdCol, -1);
+    EXPECT_EQ(window.conversionSettings.zeroFlow.parCol, -1);
+    EXPECT_EQ(window.conversionSettings.zeroFlow.lullTime, 4);
+    EXPECT_FALSE(window.data.isParameter(0));
     EXPECT_TRUE(window.dialog().checkBox(1)); // what was typed and ticked can be mended
     return fault;
 }
@@ -76,8 +76,21 @@ TEST(ColumnSetupFaults, nothingIsCheckedWithoutThePreProcess)
     window.boxes().vpdBox = "no such column";
     window.boxes().timeBox = "1E99";
     window.dialog().OKButton_Click();
-    EXPECT_TRUE(window.Sloppy);
+    EXPECT_TRUE(window.view.Sloppy);
     EXPECT_FALSE(window.fakeUi.columnSetupShown);
+}
+
+TEST(ColumnSetupFaults, theVpdColumnIsAskedForBeforeThePar)
+{
+    EXPECT_THAT(faultOf([](ColumnSetup& dialog) { dialog.boxes.vpdBox = dialog.boxes.parBox = "99"; }),
+                StartsWith("The VPD column"));
+}
+
+TEST(ColumnSetupFaults, aRecordOfOneColumnIsNamedInTheSingular)
+{
+    SetupWindow window(1);
+    EXPECT_EQ(window.okWithPreProcess(),
+              "The VPD column \"11\" does not exist: the file has 1 column. Type a number from 1 to 1.");
 }
 
 } // namespace

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <string>
-
 namespace tarvelint {
 
 /// The plain half of the save-contents dialog (`FileTypeFrm`): what its boxes hold between saves of one
@@ -13,11 +11,11 @@ struct SaveContents {
     bool outCheck = true;
     bool headerCheck = true;
     bool blankCheck = true;
-    std::string result = "Cancel"; ///< "OK" only when left by its OK button
+    bool confirmed = false; ///< left by its OK button, and by nothing else
 
-    void open() { result = "Cancel"; }
-    void OKButton_Click() { result = "OK"; }
-    void CancelButton_Click() { result = "Cancel"; }
+    void open() { confirmed = false; }
+    void OKButton_Click() { confirmed = true; }
+    void CancelButton_Click() { confirmed = false; }
 };
 
 } // namespace tarvelint

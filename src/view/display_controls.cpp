@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#include "view/display_controls.h"
+
+#include "data/numbers.h"
+
+namespace tarvelint {
+
+void DisplayControls::viewButton_Click()
+{
+    View& view = m_window.view;
+    const bool toInput = view.curLayer != kUnconverted;
+    view.curLayer = toInput ? kUnconverted : kConverted;
+    m_window.setStatus(2, toInput ? "Display: viewing input data" : "Display: viewing output data");
+    m_window.redraw(0, true);
+    if (m_window.isEnabled(Control::Picture1_0)) m_window.ui.focus(Control::Picture1_0);
+}
+
+void DisplayControls::scaleBox_Click(int index, bool checked)
+{
+    m_window.setChecked(element(Control::scaleBox0, index), checked);
+    if (checked) m_window.redraw(index, true);
+}
+
+void DisplayControls::leaveAutomaticRange(int index)
+{
+    m_window.setChecked(element(Control::scaleBox0, index), false);
+}
+
+void DisplayControls::redrawIfNumeric(Control box, int index)
+{
+    if (isNumeric(m_window.text(element(box, index)))) m_window.redraw(index, true);
+}
+
+void DisplayControls::refCheck_Click(bool checked)
+{
+    m_window.setChecked(Control::refCheck, checked);
+    m_window.setEnabled(Control::refBox, checked);
+    m_window.redraw(1, true);
+}
+
+void DisplayControls::refBox_Change()
+{
+    m_window.redraw(1, true);
+}
+
+} // namespace tarvelint
