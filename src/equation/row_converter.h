@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "equation/evaluator.h"
+#include "equation/equation.h"
 #include "window/breather.h"
 
 #include <cstdint>
@@ -11,7 +11,7 @@ namespace tarvelint {
 
 /// Converts single cells with the equation that the window's `FormulaBox` shows at that moment, and lets pending events
 /// run between them. One lives as long as one command's loop.
-class RowConverter {
+class RowConverter : private FaultSink {
 public:
     /// Clears the stop flag and marks the record as changed.
     explicit RowConverter(Window& window);
@@ -20,12 +20,16 @@ public:
     /// baseline.
     /// @return False when the loop is to end: Cancel was chosen in a message about this row
     [[nodiscard]] bool convertRow(std::int32_t column, std::int32_t row);
+    /// What `equation` makes of the reading `source` on the baseline `base` in this window, whose user is asked about
+    /// each fault. Cancel sets the stop flag, and while that is set every value is 0 and nothing is evaluated.
+    [[nodiscard]] double convert(const std::string& equation, double source, double base);
 
 private:
+    AfterFault onFault(const Fault& fault) override;
+
     Window& m_window;
-    Evaluator m_evaluator;
     Breather m_breather;
-    std::string m_equation; ///< read again for every row; a copy, because the box may change while a message is shown
+    Equation m_equation{""}; ///< read again only when the text is another
 };
 
 } // namespace tarvelint
