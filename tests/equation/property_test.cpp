@@ -13,6 +13,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <iostream>
+#include <string>
 #include <vector>
 
 namespace tarvelint::test {
@@ -45,7 +46,7 @@ struct Trial {
     bool expectedStop = false;
 };
 
-/// Seven values in eight belong to the equation as such: the eighth meets a missing reading.
+/// A random reading and baseline, and a Cancel at a random fault.
 Trial tried(RandomTexts& texts, const std::string& text)
 {
     const double x = texts.number();
@@ -69,6 +70,15 @@ Trial tried(RandomTexts& texts, const std::string& text)
     return trial;
 }
 
+void expectTheSame(const Trial& trial)
+{
+    ASSERT_TRUE(same(trial.value, trial.expected)) << trial.value << " instead of " << trial.expected;
+    ASSERT_EQ(trial.sink.hasStopped(), trial.expectedStop);
+    ASSERT_EQ(trial.sink.faults.size(), trial.expectedFaults.size());
+    for (std::size_t k = 0; k < trial.expectedFaults.size(); ++k)
+        ASSERT_TRUE(same(trial.sink.faults[k], trial.expectedFaults[k])) << "fault " << k;
+}
+
 /// TARVELINT_RANDOM_EQUATIONS asks for more, or fewer, and TARVELINT_RANDOM_SEED for others.
 TEST(EquationProperty, anyTextGivesWhatTheRulesGiveFaultForFaultWhateverIsAnswered)
 {
@@ -81,17 +91,25 @@ TEST(EquationProperty, anyTextGivesWhatTheRulesGiveFaultForFaultWhateverIsAnswer
     for (std::uint32_t i = 0; i < count; ++i) {
         const std::string text = texts.next();
         const Trial trial = tried(texts, text);
-        ASSERT_TRUE(same(trial.value, trial.expected))
-            << text << " gives " << trial.value << " instead of " << trial.expected;
-        ASSERT_EQ(trial.sink.hasStopped(), trial.expectedStop) << text;
-        ASSERT_EQ(trial.sink.faults.size(), trial.expectedFaults.size()) << text;
-        for (std::size_t k = 0; k < trial.expectedFaults.size(); ++k)
-            ASSERT_TRUE(same(trial.sink.faults[k], trial.expectedFaults[k])) << text << ", fault " << k;
+        ASSERT_NO_FATAL_FAILURE(expectTheSame(trial)) << text;
         faults += trial.expectedFaults.size();
         stops += trial.expectedStop ? 1 : 0;
     }
     EXPECT_GT(faults, count / 20); // the texts were worth the trouble
     EXPECT_GT(stops, count / 200);
+}
+
+TEST(EquationProperty, aLongChainGivesWhatTheRulesGive)
+{
+    RandomTexts texts(19870314);
+    std::size_t faults = 0;
+    for (int i = 0; i < 100; ++i) {
+        const std::string text = texts.chained(150);
+        const Trial trial = tried(texts, text);
+        ASSERT_NO_FATAL_FAILURE(expectTheSame(trial)) << text;
+        faults += trial.expectedFaults.size();
+    }
+    EXPECT_GT(faults, 20U);
 }
 
 TEST(EquationProperty, aValueCostsNoAllocation)

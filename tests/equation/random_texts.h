@@ -22,9 +22,20 @@ public:
         case 1: return anything();
         case 2:
         case 3: return disturbed(grown(4));
-        case 4: return chained();
+        case 4: return chained(20);
         default: return grown(5);
         }
+    }
+    /// Operands side by side: the right operand of each operator is all the rest.
+    std::string chained(std::uint32_t most)
+    {
+        std::string text = grown(1);
+        const std::uint32_t signs = 1 + pick(5); // "*" only, or down to all five
+        for (std::uint32_t count = pick(most); count > 0; --count) {
+            text += "*/-^+"[pick(signs)];
+            text += grown(1);
+        }
+        return pick(3) == 0 ? "(" + text + ")" : text;
     }
     /// Such as a reading or a baseline, or one of a few numbers that mean something.
     double number()
@@ -41,22 +52,15 @@ private:
     {
         static const char* const kLeaves[] = {"X", "B", "x", "b", "2", "0", ".5", "1E3", "", "7.25", "99999", " X"};
         if (depth == 0 || pick(3) == 0) return kLeaves[pick(std::size(kLeaves))];
-        const std::string left = grown(depth - 1);
-        const std::string inner = left + "+-*/^"[pick(5)] + grown(depth - 1);
+        std::string inner = grown(depth - 1);
+        inner += "+-*/^"[pick(5)];
+        inner += grown(depth - 1);
         switch (pick(5)) {
         case 0: return inner;
         case 1: return "(" + inner;
         case 2: return inner + ")";
         default: return "(" + inner + ")";
         }
-    }
-    /// Operands side by side: the right operand of each operator is all the rest.
-    std::string chained()
-    {
-        std::string text = grown(1);
-        const std::uint32_t signs = 1 + pick(5); // "*" only, or down to all five
-        for (std::uint32_t count = pick(20); count > 0; --count) text += "*/-^+"[pick(signs)] + grown(1);
-        return pick(3) == 0 ? "(" + text + ")" : text;
     }
     std::string disturbed(std::string text)
     {
