@@ -3,7 +3,7 @@
 
 #include "data/numbers.h"
 #include "data/settings_store.h"
-#include "equation/evaluator.h"
+#include "equation/equation.h"
 #include "equation/validator.h"
 
 #include <CLI/CLI.hpp>
@@ -166,9 +166,9 @@ void repairEquation(BatchOptions& options)
     if (!options.equation) return;
     options.typedEquation = *options.equation;
     evaluate(*options.equation);
-    if (options.equation->size() > Evaluator::kLongestEquation)
-        throw CLI::ValidationError("--equation", "the equation is longer than " +
-                                                     std::to_string(Evaluator::kLongestEquation) + " characters");
+    if (options.equation->size() > kLongestEquation)
+        throw CLI::ValidationError("--equation",
+                                   "the equation is longer than " + std::to_string(kLongestEquation) + " characters");
 }
 
 BatchOptions finished(Raw raw)

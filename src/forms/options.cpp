@@ -2,7 +2,7 @@
 #include "forms/options.h"
 
 #include "data/numbers.h"
-#include "equation/evaluator.h"
+#include "equation/equation.h"
 #include "equation/validator.h"
 #include "window/command_failure.h"
 #include "window/window.h"
@@ -95,9 +95,9 @@ void Options::applyEquation()
 {
     std::string repaired = eqBox;
     evaluate(repaired);
-    if (repaired.size() > Evaluator::kLongestEquation)
+    if (repaired.size() > kLongestEquation)
         throw CommandFailure("The equation is " + std::to_string(repaired.size()) + " characters long, and " +
-                             std::to_string(Evaluator::kLongestEquation) + " is the most. Nothing was changed.");
+                             std::to_string(kLongestEquation) + " is the most. Nothing was changed.");
     eqBox = std::move(repaired);
     parentForm->setText(Control::FormulaBox, eqBox);
 }

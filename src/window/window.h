@@ -49,10 +49,6 @@ public:
     View view;
     FileState file;
 
-    // Conversion
-    std::int32_t conversionRow = 0; ///< row being converted, for the equation's messages
-    bool stopFlag = false;          ///< Cancel was chosen in one of them; conversion commands clear it first
-
     // Controls. A control that shows a fact of a part (`FormulaBox`, `highBox`, the "Auto" boxes, `refCheck`,
     // `labelBox`) holds no copy of it. Setting what is already there tells nobody.
     [[nodiscard]] ControlState control(Control which) const;

@@ -206,15 +206,17 @@ TEST(Convert, cancelEndsAfterItsRowAndTheRemainingStepsStillRun)
     EXPECT_EQ(column.at(kBaseline, 16), 0);
     EXPECT_THAT(column.calls, ElementsAre("undoSave 0", "skip True"));
     EXPECT_EQ(column.fakeUi.focused, std::vector{Control::Picture1_0});
-    EXPECT_TRUE(column.stopFlag);
 }
 
-TEST(Convert, clearsTheStopFlagFirst)
+TEST(Convert, afterACancelTheNextConversionBeginsAnew)
 {
     Column column;
-    column.stopFlag = true;
+    column.setText(Control::FormulaBox, "1/0");
+    column.fakeUi.answers = {Answer::cancel};
     column.conversion.convButton_Click();
-    EXPECT_EQ(column.at(kConverted, 10), 8);
+    column.setText(Control::FormulaBox, "X+B");
+    column.conversion.convButton_Click();
+    EXPECT_EQ(column.at(kConverted, 11), 8);
 }
 
 TEST(Convert, readsTheEquationAgainForEveryRow)

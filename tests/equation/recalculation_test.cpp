@@ -100,10 +100,9 @@ TEST(Recalculate, allColumnsTakeParameterColumnsWithABaselineToo)
     EXPECT_EQ(record.column(kConverted, 2), (Cells{5, 7, 7}));
 }
 
-TEST(Recalculate, clearsTheStopFlagFirstAndEndsAfterTheRowOfACancel)
+TEST(Recalculate, endsAfterTheRowOfACancel)
 {
     Recalculated record;
-    record.stopFlag = true;
     record.data.values(kUnconverted, 1, 2) = 0;
     record.setText(Control::FormulaBox, "3+X/X");
     record.fakeUi.answers = {Answer::cancel};

@@ -144,7 +144,8 @@ public:
     std::array<RecordingSurface, 2> surfaces;
     std::vector<std::string> log; ///< "beep", "focus N", "status ...", in order of happening
     std::vector<Message> messages;
-    std::deque<Answer> answers; ///< answers to boxes with a choice; a box with OK only needs none
+    std::deque<Answer> answers;      ///< answers to boxes with a choice; a box with OK only needs none
+    std::function<void()> onMessage; ///< what happens while a box is shown
     std::deque<std::optional<ChosenFile>> openChoices;
     std::deque<std::optional<ChosenFile>> saveChoices;
     std::vector<FileDialog> fileDialogs;
@@ -171,6 +172,7 @@ public:
     Answer messageBox(const Message& message) override
     {
         messages.push_back(message);
+        if (onMessage) onMessage();
         if (message.buttons == Buttons::ok) return Answer::ok;
         if (answers.empty()) throw std::logic_error("unexpected question: " + message.text);
         const Answer answer = answers.front();
