@@ -108,8 +108,11 @@ class Trials:
             self._under_way -= 1
             if verdict is not None:
                 self.results.append((change, verdict))
-                again = "" if verdict.counts else " (drawn again, not counted)"
-                print(f"{described(change, self._texts[change.path])}\n   {verdict}{again}, {seconds:.1f} s", flush=True)
+                text = self._texts[change.path]
+                if verdict.counts:
+                    print(f"{described(change, text)}\n   {verdict}, {seconds:.1f} s", flush=True)
+                else:
+                    print(f"{change.number}. {change.path}:{change.line_in(text)} {verdict}: drawn again", flush=True)
             self._state.notify_all()
 
 
@@ -142,7 +145,7 @@ def summary(results, seconds):
         f"{len(counted)} changes: {number['seen']} seen, {number['timed out']} timed out"
         f" ({own} of these by the tests of their own floor), {number['survived']} survived. Drawn again:"
         f" {number['does not build']} did not build, {number['is in no program built here']} in no program built here."
-        f" {seconds / max(1, len(results)):.1f} s per change drawn."
+        f" {seconds / max(1, len(counted)):.1f} s per change that counts."
     )
 
 

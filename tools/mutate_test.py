@@ -91,7 +91,9 @@ class Constants(unittest.TestCase):
         self.assertEqual(changes.changed_number("1"), ["2", "0"])
         self.assertEqual(changes.changed_number("0"), ["1", "-1"])
         self.assertEqual(changes.changed_number("0U"), ["1U"])
-        self.assertEqual(changes.changed_number("0xFFu"), ["0x100u", "0xfeu", "0x0u"])
+        self.assertEqual(changes.changed_number("0xFFu"), ["0x100u", "0xFEu", "0x00u"])
+        self.assertEqual(changes.changed_number("0x00ab"), ["0x00ac", "0x00aa", "0x0000"])
+        self.assertEqual(changes.changed_number("010"), ["011", "007", "000"])
         self.assertEqual(changes.changed_number("10'000"), ["10001", "9999", "0"])
 
     def test_floating_numbers(self):

@@ -75,9 +75,10 @@ def _changed_integer(digits, suffix):
     base = {"0x": 16, "0b": 2}.get(prefix.lower(), 8 if len(plain) > 1 and plain[0] == "0" else 10)
     value = int(plain, base)
     values = {value + 1: None, value - 1: None, 0: None}
-    form = {16: "x", 2: "b", 8: "o", 10: "d"}[base]
+    form = {16: "X" if plain == plain.upper().replace("X", "x") else "x", 2: "b", 8: "o", 10: "d"}[base]
+    width = len(plain) - len(prefix) if base != 10 else 1
     return [
-        f"{'-' if v < 0 else ''}{prefix or ('0' if base == 8 and v else '')}{abs(v):{form}}{suffix}"
+        f"{'-' if v < 0 else ''}{prefix}{format(abs(v), form).zfill(width)}{suffix}"
         for v in values
         if v != value and (v >= 0 or "u" not in suffix.lower())
     ]
