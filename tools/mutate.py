@@ -142,7 +142,7 @@ def summary(results, seconds):
     number = {kind: sum(verdict.kind == kind for _, verdict in results) for kind in trial.KINDS}
     own = sum(verdict.by_own_floor for verdict in counted)
     return (
-        f"{len(counted)} changes: {number['seen']} seen, {number['timed out']} timed out"
+        f"{len(counted)} {'change' if len(counted) == 1 else 'changes'}: {number['seen']} seen, {number['timed out']} timed out"
         f" ({own} of these by the tests of their own floor), {number['survived']} survived. Drawn again:"
         f" {number['does not build']} did not build, {number['is in no program built here']} in no program built here."
         f" {seconds / max(1, len(counted)):.1f} s per change that counts."

@@ -243,6 +243,10 @@ class Outputs(unittest.TestCase):
     def test_the_failed_test_is_named(self):
         self.assertEqual(trial.failed_tests(self.FAILED), ["A.fails/1"])
 
+    def test_a_failed_window_test_is_named_once(self):
+        output = "PASS   : DialogsTest::opens()\nFAIL!  : DialogsTest::closes(by key) 'closed' returned FALSE. ()\n"
+        self.assertEqual(trial.failed_tests(output * 2), ["DialogsTest::closes"])
+
     def test_the_test_in_which_a_program_crashed_or_hung_is_named(self):
         self.assertEqual(trial.unfinished_test("[ RUN      ] A.a\n[       OK ] A.a (0 ms)\n[ RUN      ] A.b\n"), "A.b")
         self.assertEqual(trial.unfinished_test("[ RUN      ] A.a\n[       OK ] A.a (0 ms)\n"), "")

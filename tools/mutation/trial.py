@@ -65,8 +65,6 @@ class Program:
             return self._named(unfinished_test(outcome.output)), True
         if (outcome.status != 0) == self.has_to_fail or outcome.status == self.skip_status:
             return "", False
-        if not self.is_gtest:
-            return self.name, False
         failed = failed_tests(outcome.output)
         if failed:
             return self._named(", ".join(failed)), False
@@ -77,7 +75,9 @@ class Program:
 
 
 def failed_tests(output):
-    return list(dict.fromkeys(re.findall(r"^\[  FAILED  \] ([\w/.]+)(?=,| \()", output, re.MULTILINE)))
+    """The tests that GoogleTest or Qt Test names as failed, each once."""
+    named = re.findall(r"^\[  FAILED  \] ([\w/.]+)(?=,| \()|^FAIL!  : ([\w:]+)\(", output, re.MULTILINE)
+    return list(dict.fromkeys(gtest or qtest for gtest, qtest in named))
 
 
 def unfinished_test(output):
