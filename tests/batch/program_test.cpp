@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <set>
 #include <sstream>
 #include <string>
 
@@ -120,6 +121,36 @@ TEST_F(BatchProgram, refusesToReplaceWhatIsNoRegularFile)
     ASSERT_EQ(std::system(("mkfifo " + path("pipe")).c_str()), 0);
     EXPECT_EQ(run(sample + " -o " + path("pipe") + " --vpd-column 4"), 1);
     EXPECT_TRUE(fs::is_fifo(folder / "pipe"));
+}
+
+TEST_F(BatchProgram, namesThatAreNotUtf8AreReadAndWrittenAsTheyStand)
+{
+    const std::string input = "M\xE4rz.csv"; // in Latin-1
+    const std::string output = "Saftflu\xDF.csv";
+    fs::copy_file(sample, folder / input);
+    for (const char* time : {"created", "replaced"}) {
+        ASSERT_EQ(run(path(input) + " -o " + path(output) + " --vpd-column 4"), 0) << time << content("stderr");
+        EXPECT_EQ(content(output).rfind("Tarvelint output: ", 0), 0U) << time;
+        std::set<std::string> names;
+        for (const auto& entry : fs::directory_iterator(folder)) names.insert(entry.path().filename().native());
+        EXPECT_EQ(names, (std::set<std::string>{input, output, "stdout", "stderr"})) << time;
+        std::ofstream(folder / output) << "what the second run is to replace";
+    }
+    // What it cannot use it names by the same bytes.
+    fs::remove(folder / input);
+    EXPECT_EQ(run(path(input) + " -o " + path(output)), 1);
+    EXPECT_NE(content("stderr").find(input), std::string::npos) << content("stderr");
+}
+
+TEST_F(BatchProgram, aLinkInALinkedFolderLeadsWhereTheSystemSays)
+{
+    fs::create_directories(folder / "deep" / "2024");
+    fs::create_symlink("../out.csv", folder / "deep" / "2024" / "link.csv");
+    fs::create_directory_symlink("deep/2024", folder / "season");
+    std::ofstream(folder / "out.csv") << "precious"; // beside "season", and not above what it leads to
+    ASSERT_EQ(run(sample + " -o " + path("season/link.csv") + " --vpd-column 4"), 0) << content("stderr");
+    EXPECT_EQ(content("out.csv"), "precious");
+    EXPECT_EQ(content("deep/out.csv").rfind("Tarvelint output: ", 0), 0U);
 }
 
 TEST_F(BatchProgram, theMeasuredRecordsGoThrough)
