@@ -2,7 +2,6 @@
 #include "data/numbers.h"
 
 #include "data/decimal_digits.h"
-#include "data/number_scan.h"
 
 #include <algorithm>
 #include <array>
@@ -16,11 +15,6 @@ namespace tarvelint {
 namespace {
 
 constexpr int kMinFixedExponent = -4; ///< below, and from kSignificantDigits on, the exponent form is used
-
-constexpr bool isBlank(char c)
-{
-    return c == ' ' || c == '\t';
-}
 
 constexpr auto kPairs = [] {
     std::array<std::array<char, 2>, 100> pairs{};
@@ -135,33 +129,6 @@ Integer rounded(double value)
 }
 
 } // namespace
-
-double leadingNumber(std::string_view text)
-{
-    std::string compact;
-    for (const char c : text) {
-        if (isBlank(c) || c == '\n') continue;
-        compact += c == 'D' || c == 'd' ? 'E' : c;
-    }
-    double value = 0;
-    static_cast<void>(scanAnySize(compact.data(), compact.data() + compact.size(), value));
-    return value;
-}
-
-bool isNumeric(std::string_view text)
-{
-    return numericValue(text).has_value();
-}
-
-std::optional<double> numericValue(std::string_view text)
-{
-    while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
-    while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
-    double value = 0;
-    const char* const last = text.data() + text.size();
-    if (text.empty() || scanNumber(text.data(), last, value) != last) return std::nullopt;
-    return value;
-}
 
 std::int16_t roundToInt16(double value)
 {

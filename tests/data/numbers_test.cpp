@@ -64,6 +64,8 @@ TEST(LeadingNumber, givesAnInfinityForWhatIsTooLarge)
     EXPECT_EQ(leadingNumber("1E400"), kInfinity);
     EXPECT_EQ(leadingNumber("-1E400x"), -kInfinity);
     EXPECT_EQ(leadingNumber("1E-400"), 0);
+    EXPECT_EQ(leadingNumber("-1E99999999999999999999"), -kInfinity);
+    EXPECT_EQ(leadingNumber("1E-99999999999999999999"), 0);
 }
 
 // What counts as a number
@@ -170,6 +172,9 @@ TEST(NumericValue, isRoundedCorrectlyAtTheEdges)
     EXPECT_EQ(numericValue(tooLarge + "E-309"), 1.0);
     EXPECT_EQ(numericValue("0." + std::string(400, '0') + "1E401"), 1.0);
     EXPECT_EQ(numericValue("0." + std::string(400, '0') + "1"), 0.0);
+    EXPECT_EQ(numericValue("0." + std::string(400, '0') + "1E+9"), 0.0);
+    EXPECT_EQ(numericValue(std::string(400, '0') + "1E-400"), 0.0);
+    EXPECT_EQ(numericValue(tooLarge + ".5E-0"), std::nullopt);
 }
 
 // Rounding into narrower fields
