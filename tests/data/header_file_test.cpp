@@ -210,6 +210,28 @@ TEST(WithHeader, aGridThatNoMemoryHoldsNamesTheFile)
                 HasSubstr("\"record.csv\" does not fit into memory."));
 }
 
+/// All three layers of a record whose rows are empty lines, so that no cell is written; made up to `bytes` with more of
+/// such lines.
+std::string emptyRows(int columns, int rows, std::size_t bytes = 0)
+{
+    std::string text = header("unconverted-baseline-converted", columns, rows);
+    text.append(3U * (static_cast<std::size_t>(rows) + 2), '\n');
+    if (text.size() < bytes) text.append(bytes - text.size(), '\n');
+    return text;
+}
+
+TEST(WithHeader, aGridOf16777216CellsMayStandInAFileOfAnySize)
+{
+    EXPECT_EQ(refusal(emptyRows(1024, 16384)), "");                                         // 2^24 cells
+    EXPECT_THAT(refusal(emptyRows(257, 65281)), HasSubstr("\" does not fit into memory.")); // 2^24 + 1
+}
+
+TEST(WithHeader, aLargerGridNeedsOneByteForFiveCells)
+{
+    EXPECT_EQ(refusal(emptyRows(1000, 20000, 4'000'000)), "");
+    EXPECT_THAT(refusal(emptyRows(1000, 20000, 3'999'999)), HasSubstr("\" does not fit into memory."));
+}
+
 TEST(WithHeader, memoryThatRunsOutBecomesAFault)
 {
     std::istringstream stream(header("unconverted", 1, 1) + "a\n1\n");
