@@ -87,7 +87,7 @@ void FileCommands::openFile(const ChosenFile& file)
     m_window.data.filePath = file.path;
     m_window.data.fileDelimiter = delimiterOf(file.type);
     m_window.readWithLabels = loaded.hadLabelsLine;
-    m_window.readLayers = loaded.layerCode;
+    m_window.readLayers = loaded.layers;
     fillColumnLists(); // nothing is chosen from here on, so the reset below draws nothing of the new record
     resetForNewRecord();
     std::string caption = titled(file.path);
@@ -121,7 +121,7 @@ FileCommands::Loaded FileCommands::readRecord(const ChosenFile& file)
     DataFileReader reader(*stream, file.path, delimiterOf(file.type), fresh, progress,
                           [this] { return readBlankSetting(m_window.env.settings); });
     reader.load();
-    return {std::move(fresh), reader.hadHeader(), reader.hadLabelsLine(), reader.layerCode(), reader.warning()};
+    return {std::move(fresh), reader.hadHeader(), reader.hadLabelsLine(), reader.layers(), reader.warning()};
 }
 
 void FileCommands::resetForNewRecord()

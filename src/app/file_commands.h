@@ -43,7 +43,7 @@ private:
         DataSet data;
         bool hadHeader = false;
         bool hadLabelsLine = false;
-        int layerCode = 0;
+        LayerSet layers;
         std::string warning;
     };
     [[nodiscard]] Loaded readRecord(const ChosenFile& file);

@@ -103,19 +103,18 @@ void DataFileReader::loadWithHeader(std::string_view firstLine)
     if (header.rows > lines().bytes())
         throw fault("is shorter than its header says: " + plainText(header.rows) +
                     " rows cannot stand in so small a file. Correct the number of rows in its first line.");
-    m_layerCode = header.layerCode;
+    m_layers = header.layers;
     m_hadLabelsLine = header.withLabels;
     m_data.columns = header.columns;
     m_data.lines = header.rows;
     m_missing = header.blankIsDot ? m_settingBlank() : header.blank;
     readHeaderLabels();
 
-    const auto reads = layerReads(header.layerCode, header.rows, header.withLabels);
-    if (!reads) throw FormatFault("Wow, where did that i go?!?");
-    if (!lines().seekLine(reads->front().skipLines))
+    const auto reads = layerReads(header.layers, header.rows, header.withLabels);
+    if (!lines().seekLine(reads.front().skipLines))
         throw fault("holds no data: there is no row below its header. Choose the file that holds the readings.");
     allocate();
-    for (const LayerRead& read : *reads) readFile(read.layer, read.skipLines, read.fillBase, read.fillOut);
+    for (const LayerRead& read : reads) readFile(read.layer, read.skipLines, read.fillBase, read.fillOut);
     m_data.blank = m_missing;
 }
 

@@ -96,7 +96,7 @@ public:
     Pointer pointer = Pointer::standard;
 
     // Files and dialogs
-    int readLayers = 0;          ///< layer code of the record's file (unconverted 4, baseline 2, converted 1, summed)
+    LayerSet readLayers;         ///< layers of the record's file
     bool readWithLabels = false; ///< the record came with a labels line
     std::string savePath;        ///< the file last saved, empty until then
     std::string caption;

@@ -76,11 +76,11 @@ TEST(WithHeader, layersAreReadAndFilledAsTheLayerCodeSays)
         }
 }
 
-TEST(WithHeader, theLayersTheFileHeldAreToldAsACode)
+TEST(WithHeader, theLayersTheFileHeldAreTold)
 {
-    EXPECT_EQ(loadLayers("baseline-converted", true).layerCode, 3);
-    EXPECT_EQ(loadLayers("unconverted-converted", false).layerCode, 5);
-    EXPECT_EQ(load("1,2\n").layerCode, 4); // a plain table holds readings only
+    EXPECT_EQ(loadLayers("baseline-converted", true).layers, (LayerSet{.baseline = true, .converted = true}));
+    EXPECT_EQ(loadLayers("unconverted-converted", false).layers, (LayerSet{.unconverted = true, .converted = true}));
+    EXPECT_EQ(load("1,2\n").layers, LayerSet{.unconverted = true}); // a plain table holds readings only
 }
 
 TEST(WithHeader, zeroOutFillsAnAbsentConvertedLayerWithZero)
