@@ -58,15 +58,12 @@ std::string countText(std::string_view line, std::size_t from, std::size_t to, c
 }
 
 template <class Integer>
-Integer parseCount(const std::string& text, Integer (*round)(double), const std::string& what, const char* range)
+Integer parseCount(const std::string& text, std::optional<Integer> (*round)(double), const std::string& what,
+                   const char* range)
 {
-    try {
-        const auto value = numericValue(text);
-        const Integer count = value ? round(*value) : Integer{0};
-        if (count >= 1) return count;
-    } catch (const NumericOverflow&) {
-        // Too large is reported like any other count that cannot be one.
-    }
+    const auto value = numericValue(text);
+    const auto count = value ? round(*value) : std::nullopt;
+    if (count && *count >= 1) return *count;
     throw HeaderValueFault("The " + what + " in the header, " + quoted(text) + ", is not a whole number from 1 to " +
                            range +
                            ". Correct the first line of the file in a text editor, or delete it to read the file "
@@ -75,11 +72,8 @@ Integer parseCount(const std::string& text, Integer (*round)(double), const std:
 
 std::int32_t parseBlank(std::string_view text)
 {
-    try {
-        if (const auto value = numericValue(text)) return roundToInt32(*value);
-    } catch (const NumericOverflow&) {
-        // Falls through to the same message as a text that is no number.
-    }
+    const auto value = numericValue(text);
+    if (const auto blank = value ? roundedToInt32(*value) : std::nullopt) return *blank;
     throw HeaderValueFault("The missing value in the header, " + quoted(text) +
                            ", is neither a dot nor a whole number of at most 32 bits. Correct it at the end of the "
                            "file's first line in a text editor.");
@@ -135,11 +129,11 @@ FileHeader parseHeader(std::string_view line, char delimiter)
     const std::size_t columnsAt = line.find(kColumns);
     if (columnsAt == kNotFound) throw FormatFault("No column number in header!");
     header.columns =
-        parseCount(countText(line, words.end(), columnsAt, delimiter), &roundToInt16, "number of columns", "32,767");
+        parseCount(countText(line, words.end(), columnsAt, delimiter), &roundedToInt16, "number of columns", "32,767");
 
     const std::size_t rowsAt = line.find("rows");
     if (rowsAt == kNotFound) throw FormatFault("No row number in the header!");
-    header.rows = parseCount(countText(line, columnsAt + kColumns.size(), rowsAt, delimiter), &roundToInt32,
+    header.rows = parseCount(countText(line, columnsAt + kColumns.size(), rowsAt, delimiter), &roundedToInt32,
                              "number of rows", "2,147,483,647");
 
     // "without" holds "with", so it is looked for first.

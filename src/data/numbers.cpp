@@ -119,35 +119,58 @@ std::string grouped(std::string_view digits, std::string_view grouping)
 }
 
 template <class Integer>
-Integer rounded(double value)
+std::optional<Integer> rounded(double value)
 {
     using Limits = std::numeric_limits<Integer>;
     const double nearest = std::nearbyint(value); // halves to even: the program never changes the rounding mode
     if (nearest >= Limits::min() && nearest <= Limits::max()) return static_cast<Integer>(nearest);
+    return std::nullopt;
+}
+
+template <class Integer>
+Integer roundedOrOverflow(double value)
+{
+    using Limits = std::numeric_limits<Integer>;
+    if (const auto fitting = rounded<Integer>(value)) return *fitting;
     throw NumericOverflow("The number " + generalText(value) + " is outside the range from " +
                           std::to_string(Limits::min()) + " to " + std::to_string(Limits::max()) + ".");
 }
 
 } // namespace
 
-std::int16_t roundToInt16(double value)
+std::optional<std::int16_t> roundedToInt16(double value)
 {
     return rounded<std::int16_t>(value);
 }
 
-std::int32_t roundToInt32(double value)
+std::optional<std::int32_t> roundedToInt32(double value)
 {
     return rounded<std::int32_t>(value);
 }
 
-float toFloat32(double value)
+std::optional<float> roundedToFloat32(double value)
 {
     constexpr float kMax = std::numeric_limits<float>::max();
     constexpr double kTooLarge = 0x1.ffffffp127; // half a unit above the largest float: rounds to infinity
     const double magnitude = std::abs(value);
-    if (!(magnitude < kTooLarge))
-        throw NumericOverflow("The number " + generalText(value) + " is too large for a 32-bit number.");
+    if (!(magnitude < kTooLarge)) return std::nullopt;
     return magnitude > double{kMax} ? std::copysign(kMax, value > 0 ? 1.0F : -1.0F) : static_cast<float>(value);
+}
+
+std::int16_t roundToInt16(double value)
+{
+    return roundedOrOverflow<std::int16_t>(value);
+}
+
+std::int32_t roundToInt32(double value)
+{
+    return roundedOrOverflow<std::int32_t>(value);
+}
+
+float toFloat32(double value)
+{
+    if (const auto fitting = roundedToFloat32(value)) return *fitting;
+    throw NumericOverflow("The number " + generalText(value) + " is too large for a 32-bit number.");
 }
 
 char* writeGeneralText(char* out, double value)

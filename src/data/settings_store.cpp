@@ -4,6 +4,7 @@
 #include "data/numbers.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace tarvelint {
 
@@ -11,16 +12,11 @@ namespace {
 
 /// The stored text under `key` through `convert` (a rounding to some width), or `standard` when there
 /// is no such key, no number, or one that does not fit.
-template <class Number, class Convert>
-Number readNumber(SettingsStore& store, std::string_view key, Number standard, Convert convert)
+template <class Number>
+Number readNumber(SettingsStore& store, std::string_view key, Number standard, std::optional<Number> (*convert)(double))
 {
     const auto value = numericValue(store.readSetting(key, generalText(standard)));
-    if (!value) return standard;
-    try {
-        return convert(*value);
-    } catch (const NumericOverflow&) {
-        return standard;
-    }
+    return value ? convert(*value).value_or(standard) : standard;
 }
 
 /// The zoom commands know these four factors only.
@@ -44,17 +40,17 @@ float fittingSize(float start, float size, float screenSize)
 WindowSettings readWindowSettings(SettingsStore& store)
 {
     WindowSettings read;
-    read.zoomFactor = knownZoom(readNumber(store, "ZoomFactor", read.zoomFactor, roundToInt16));
-    read.geometry.left = readNumber(store, "MainLeft", read.geometry.left, toFloat32);
-    read.geometry.top = readNumber(store, "MainTop", read.geometry.top, toFloat32);
-    read.geometry.width = readNumber(store, "MainWidth", read.geometry.width, toFloat32);
-    read.geometry.height = readNumber(store, "MainHeight", read.geometry.height, toFloat32);
-    read.date = readNumber(store, "Date", read.date, roundToInt16);
-    read.time = readNumber(store, "Time", read.time, roundToInt16);
+    read.zoomFactor = knownZoom(readNumber(store, "ZoomFactor", read.zoomFactor, roundedToInt16));
+    read.geometry.left = readNumber(store, "MainLeft", read.geometry.left, roundedToFloat32);
+    read.geometry.top = readNumber(store, "MainTop", read.geometry.top, roundedToFloat32);
+    read.geometry.width = readNumber(store, "MainWidth", read.geometry.width, roundedToFloat32);
+    read.geometry.height = readNumber(store, "MainHeight", read.geometry.height, roundedToFloat32);
+    read.date = readNumber(store, "Date", read.date, roundedToInt16);
+    read.time = readNumber(store, "Time", read.time, roundedToInt16);
     read.equation = store.readSetting("Equation", read.equation);
     read.blank = readBlankSetting(store);
     read.ref = store.readSetting("Ref", read.ref);
-    read.high = readNumber(store, "High", std::int16_t{1}, roundToInt16) != 0;
+    read.high = readNumber(store, "High", std::int16_t{1}, roundedToInt16) != 0;
     read.zero = readZeroSetting(store);
     return read;
 }
@@ -69,7 +65,7 @@ bool readZeroSetting(SettingsStore& store)
 
 std::int32_t readBlankSetting(SettingsStore& store)
 {
-    return readNumber(store, "Blank", WindowSettings{}.blank, roundToInt32);
+    return readNumber(store, "Blank", WindowSettings{}.blank, roundedToInt32);
 }
 
 PreProcessSettings readPreProcessSettings(SettingsStore& store)

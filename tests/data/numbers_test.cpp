@@ -185,6 +185,8 @@ TEST(RoundToInteger, takesTheNearestHalvesToEven)
                                                        {-1.5, -2}, {-2.5, -2}, {2.51, 3},      {2.49, 2},
                                                        {-7, -7},   {0.05, 0},  {1234.5, 1234}, {1235.5, 1236}};
     for (const auto& [value, nearest] : cases) {
+        EXPECT_EQ(roundedToInt16(value), nearest) << value;
+        EXPECT_EQ(roundedToInt32(value), nearest) << value;
         EXPECT_EQ(roundToInt16(value), nearest) << value;
         EXPECT_EQ(roundToInt32(value), nearest) << value;
     }
@@ -196,6 +198,8 @@ TEST(RoundToInteger, checksTheRangeAfterRounding)
     EXPECT_EQ(roundToInt16(-32768.5), -32768); // half to even stays inside
     EXPECT_EQ(roundToInt32(2147483647.4), 2147483647);
     EXPECT_EQ(roundToInt32(-2147483648.5), std::numeric_limits<std::int32_t>::min());
+    EXPECT_EQ(roundedToInt16(32767.5), std::nullopt);
+    EXPECT_EQ(roundedToInt32(2147483647.5), std::nullopt);
     EXPECT_THROW(static_cast<void>(roundToInt16(32767.5)), NumericOverflow);
     EXPECT_THROW(static_cast<void>(roundToInt16(-32768.6)), NumericOverflow);
     EXPECT_THROW(static_cast<void>(roundToInt32(2147483647.5)), NumericOverflow);
@@ -205,6 +209,8 @@ TEST(RoundToInteger, checksTheRangeAfterRounding)
 TEST(RoundToInteger, refusesWhatIsNotFinite)
 {
     for (const double value : {kInfinity, -kInfinity, kNan, DBL_MAX}) {
+        EXPECT_EQ(roundedToInt16(value), std::nullopt);
+        EXPECT_EQ(roundedToInt32(value), std::nullopt);
         EXPECT_THROW(static_cast<void>(roundToInt16(value)), NumericOverflow);
         EXPECT_THROW(static_cast<void>(roundToInt32(value)), NumericOverflow);
     }
@@ -234,8 +240,10 @@ TEST(ToFloat32, takesTheNearestFloat)
 
 TEST(ToFloat32, refusesWhatIsTooLargeOrNotFinite)
 {
-    for (const double value : {0x1.ffffffp127, -0x1.ffffffp127, 3.5e38, DBL_MAX, kInfinity, -kInfinity, kNan})
+    for (const double value : {0x1.ffffffp127, -0x1.ffffffp127, 3.5e38, DBL_MAX, kInfinity, -kInfinity, kNan}) {
+        EXPECT_EQ(roundedToFloat32(value), std::nullopt) << value;
         EXPECT_THROW(static_cast<void>(toFloat32(value)), NumericOverflow) << value;
+    }
 }
 
 } // namespace
