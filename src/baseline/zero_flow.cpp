@@ -194,7 +194,7 @@ void ZeroFlow::baseButton_Click()
     const std::int32_t column = m_window.curCol;
     if (!m_window.data.hasColumn(column) || m_window.data.lines == 0) return;
     // The setting is read and left at that: a block is 48 rows whatever the time column.
-    static_cast<void>(m_window.env.settings.readSetting("Time", "2"));
+    static_cast<void>(readSetting(m_window.env.settings, Setting::Time));
     m_window.selStart = 0;
     m_window.selEnd = m_window.data.lines - 1;
     m_window.undoSave(column);

@@ -173,7 +173,7 @@ int runBatch(const BatchOptions& options, const Environment& environment, std::o
 {
     BatchUi ui(err, terminal && !options.quiet);
     BatchApplication application;
-    environment.settings.writeSetting("Blank", plainText(options.blank));
+    writeSetting(environment.settings, Setting::Blank, plainText(options.blank));
     std::string reason;
     try {
         MainWindow window(ui, environment, application);
