@@ -76,7 +76,6 @@ void DataFileReader::load()
 {
     m_progress.status("Setting up memory");
     try {
-        m_lines.reset();
         const std::string firstLine(lines().next().value_or(std::string_view{}));
         m_hadHeader = isHeaderLine(firstLine);
         m_hadHeader ? loadWithHeader(firstLine) : loadHeaderless(firstLine);
@@ -224,12 +223,11 @@ void DataFileReader::allocate()
 /// The file has ended before row `fromRow` of this block: without a reading, its cells are missing values.
 void DataFileReader::storeMissingRows(int layer, std::int32_t fromRow)
 {
-    if (m_warning.empty())
-        m_warning = fault("ends at line " + plainText(lines().leadingEmptyLines() + lines().linesRead()) +
-                          ", although " + plainText(m_data.lines) +
-                          " rows per layer were expected. The rows that are there were read; all others hold "
-                          "missing values.")
-                        .what();
+    m_warning = fault("ends at line " + plainText(lines().leadingEmptyLines() + lines().linesRead()) + ", although " +
+                      plainText(m_data.lines) +
+                      " rows per layer were expected. The rows that are there were read; all others hold "
+                      "missing values.")
+                    .what();
     for (std::int32_t row = fromRow; row < m_data.lines; ++row)
         for (std::int32_t c = 0; c < m_data.columns; ++c) m_data.values(layer, c, row) = m_missing;
 }

@@ -252,6 +252,19 @@ TEST(WriteDataFile, aLongRecordGoesOutInPieces)
     EXPECT_LE(sink.largestPiece, 256U << 10U);
 }
 
+TEST(WriteDataFile, noNumberIsCutWhereOnePieceEnds)
+{
+    // A line takes 24 bytes, which do not divide a piece: the number at its end would not fit.
+    DataSet data;
+    data.allocate(1, 50000);
+    std::string expected;
+    for (std::int32_t row = 0; row < data.lines; ++row) {
+        data.values(kUnconverted, 0, row) = -1.23456789012345e-7;
+        expected += "-1.23456789012345E-07,\r\n";
+    }
+    EXPECT_EQ(written(data, only(kUnconverted)), expected + "\r\n");
+}
+
 // ---- written and read again
 
 class RoundTrip : public testing::TestWithParam<int> {

@@ -183,6 +183,7 @@ TEST(ParseHeader, countsAreReadWithoutDelimitersBlanksAndGroupingCommas)
 {
     EXPECT_EQ(parseHeader(header("converted", "1,024 columns", "1,000,000 rows"), ',').columns, 1024);
     EXPECT_EQ(parseHeader(header("converted", "1,024 columns", "1,000,000 rows"), ',').rows, 1000000);
+    EXPECT_EQ(parseHeader(header("converted", "3\tcolumns", "\t4\trows"), ',').rows, 4);
     EXPECT_EQ(parseHeader("Tarvelint\tconverted\t 3 columns\t\t4  rows\twith\tblank='.'", '\t').columns, 3);
     EXPECT_EQ(parseHeader("Tarvelint converted  3  columns  4  rows  with  blank='.'", ' ').rows, 4);
 }
@@ -228,6 +229,7 @@ TEST(ParseHeader, aLongOrUnprintableCountIsShownShort)
     EXPECT_THAT(refusal(header("converted", std::string(500, '9') + " columns")),
                 HasSubstr('"' + std::string(40, '9') + "...\""));
     EXPECT_THAT(refusal(header("converted", "\x01 columns")), HasSubstr("\"?\""));
+    EXPECT_THAT(refusal(header("converted", "f\xC3\xBCnf columns")), HasSubstr("\"f\xC3\xBCnf\""));
 }
 
 TEST(ParseHeader, withoutGoesBeforeWith)
@@ -389,12 +391,8 @@ TEST(LayerReads, lineNumbersDoNotOverflow)
 
 TEST(LayerReads, noLayerAtAllIsAFault)
 {
-    try {
-        static_cast<void>(layerReads({}, 10, true));
-        FAIL();
-    } catch (const FormatFault& fault) {
-        EXPECT_STREQ(fault.what(), "Wow, where did that i go?!?");
-    }
+    EXPECT_THAT([] { static_cast<void>(layerReads({}, 10, true)); },
+                testing::ThrowsMessage<FormatFault>("Wow, where did that i go?!?"));
 }
 
 } // namespace

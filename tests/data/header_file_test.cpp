@@ -203,6 +203,14 @@ TEST(WithHeader, moreRowsThanTheFileHasBytesNameTheFile)
                 HasSubstr("\"record.csv\" is shorter than its header says: 2000000000 rows"));
 }
 
+TEST(WithHeader, asManyRowsAsTheFileHasBytesAreTheMost)
+{
+    const std::string text = header("unconverted", 1, 500) + "a\n";
+    const auto filledUpTo = [&](std::size_t bytes) { return text + std::string(bytes - text.size(), '\n'); };
+    EXPECT_EQ(refusal(filledUpTo(500)), "");
+    EXPECT_THAT(refusal(filledUpTo(499)), HasSubstr("is shorter than its header says: 500 rows"));
+}
+
 TEST(WithHeader, aGridThatNoMemoryHoldsNamesTheFile)
 {
     // 2,000,000 empty rows of 32,767 columns: 65,534,000,000 cells.
@@ -243,7 +251,9 @@ TEST(WithHeader, memoryThatRunsOutBecomesAFault)
 
 TEST(WithHeader, moreThan32767DelimitersInTheFirstRowNameTheirLine)
 {
-    EXPECT_THAT(refusal('\n' + header("unconverted", 3, 1, "without labels") + std::string(32768, ',') + '\n'),
+    const std::string top = '\n' + header("unconverted", 3, 1, "without labels");
+    EXPECT_EQ(load(top + std::string(32767, ',') + '\n').data.columns, 32767);
+    EXPECT_THAT(refusal(top + std::string(32768, ',') + '\n'),
                 HasSubstr("\"record.csv\" has 32768 delimiters in line 3, and 32,767 columns is the most"));
 }
 
