@@ -64,7 +64,7 @@ void BlockMaxima::baseButton_Click()
     const std::int32_t column = view.curCol();
     if (!record.hasColumn(column) || record.lines == 0) return;
     // The setting is read and left at that: a block is 48 rows whatever the time column.
-    static_cast<void>(m_window.env.settings.readSetting("Time", "2"));
+    static_cast<void>(readSetting(m_window.env.settings, Setting::Time));
     view.selStart = 0;
     view.selEnd = record.lines - 1;
     m_window.undoSave(column);

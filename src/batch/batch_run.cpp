@@ -26,7 +26,7 @@ std::vector<bool> parameterColumns(const BatchOptions& options, const DataSet& d
 void open(MainWindow& window, const BatchOptions& options)
 {
     window.files.openFile({options.input, options.inputType});
-    if ((window.readLayers & 4) == 0)
+    if (!window.readLayers.unconverted)
         throw CommandFailure("The file " + options.input +
                              " holds no unconverted layer, so there is nothing to convert. Save it with the "
                              "unconverted data, or start from the logger's own file.");
@@ -173,7 +173,7 @@ int runBatch(const BatchOptions& options, const Environment& environment, std::o
 {
     BatchUi ui(err, terminal && !options.quiet);
     BatchApplication application;
-    environment.settings.writeSetting("Blank", plainText(options.blank));
+    writeSetting(environment.settings, Setting::Blank, plainText(options.blank));
     std::string reason;
     try {
         MainWindow window(ui, environment, application);

@@ -27,9 +27,9 @@ struct Raw {
     std::optional<FileType> inputType;
     std::optional<FileType> outputType;
     // Numbers stay texts until numbers.h reads them: CLI11 would take "010" for octal.
-    std::string vpdColumn = "11";
-    std::string parColumn = "3";
-    std::string blank = "99999";
+    std::string vpdColumn{defaultText(Setting::VPD)};
+    std::string parColumn{defaultText(Setting::PAR)};
+    std::string blank{defaultText(Setting::Blank)};
     std::string layers = "unconverted,baseline,converted";
     bool noHeader = false;
     bool noDots = false;

@@ -16,6 +16,14 @@ namespace tarvelint {
 enum Layer : int { kUnconverted = 1, kBaseline = 2, kConverted = 3 };
 inline constexpr int kLayers = 3;
 
+/// Some of the three layers, as a file holds them.
+struct LayerSet {
+    bool unconverted = false;
+    bool baseline = false;
+    bool converted = false;
+    bool operator==(const LayerSet&) const = default;
+};
+
 /// One layer of one column, addressed by 0-based row; rows lie `stride` doubles apart.
 template <class T>
 class ColumnView {

@@ -25,15 +25,15 @@ auto numberIn(const std::string& text, const char* label, Convert convert)
 
 Options::Options(SettingsStore& store) : m_store(store)
 {
-    eqBox = store.readSetting("Equation", WindowSettings{}.equation);
-    dateBox = store.readSetting("Date", "1");
-    timeBox = store.readSetting("Time", "2");
-    parBox = store.readSetting("PAR", "3");
-    vpdBox = store.readSetting("VPD", "11");
-    timiBox = store.readSetting("lullTime", "4");
-    VPDlBox = store.readSetting("VPDlimit", "0.05");
-    PARlBox = store.readSetting("PARlimit", "0.05");
-    blankBox = store.readSetting("Blank", "99999");
+    eqBox = readSetting(store, Setting::Equation);
+    dateBox = readSetting(store, Setting::Date);
+    timeBox = readSetting(store, Setting::Time);
+    parBox = readSetting(store, Setting::PAR);
+    vpdBox = readSetting(store, Setting::VPD);
+    timiBox = readSetting(store, Setting::lullTime);
+    VPDlBox = readSetting(store, Setting::VPDlimit);
+    PARlBox = readSetting(store, Setting::PARlimit);
+    blankBox = readSetting(store, Setting::Blank);
     zeroBox = readZeroSetting(store);
 }
 
@@ -104,16 +104,16 @@ void Options::applyEquation()
 
 void Options::store() const
 {
-    m_store.writeSetting("Equation", eqBox);
-    m_store.writeSetting("Date", dateBox);
-    m_store.writeSetting("Time", timeBox);
-    m_store.writeSetting("VPD", vpdBox);
-    m_store.writeSetting("PAR", parBox);
-    m_store.writeSetting("lullTime", timiBox);
-    m_store.writeSetting("VPDlimit", VPDlBox);
-    m_store.writeSetting("PARlimit", PARlBox);
-    m_store.writeSetting("Blank", blankBox);
-    m_store.writeSetting("Zero", zeroBox ? "1" : "0");
+    writeSetting(m_store, Setting::Equation, eqBox);
+    writeSetting(m_store, Setting::Date, dateBox);
+    writeSetting(m_store, Setting::Time, timeBox);
+    writeSetting(m_store, Setting::VPD, vpdBox);
+    writeSetting(m_store, Setting::PAR, parBox);
+    writeSetting(m_store, Setting::lullTime, timiBox);
+    writeSetting(m_store, Setting::VPDlimit, VPDlBox);
+    writeSetting(m_store, Setting::PARlimit, PARlBox);
+    writeSetting(m_store, Setting::Blank, blankBox);
+    writeSetting(m_store, Setting::Zero, zeroBox ? "1" : "0");
 }
 
 } // namespace tarvelint

@@ -45,7 +45,7 @@ LoadedRecord readRecord(Files& files, const std::string& path, FileType type, co
     reader.load();
     loaded.hadHeader = reader.hadHeader();
     loaded.hadLabelsLine = reader.hadLabelsLine();
-    loaded.layerCode = reader.layerCode();
+    loaded.layers = reader.layers();
     loaded.warning = reader.warning();
     return loaded;
 }

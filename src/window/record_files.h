@@ -20,7 +20,7 @@ struct LoadedRecord {
     DataSet data;
     bool hadHeader = false;
     bool hadLabelsLine = false;
-    int layerCode = 0;   ///< unconverted 4, baseline 2, converted 1, summed
+    LayerSet layers;
     std::string warning; ///< what the user should know about a record that was read all the same
 };
 
