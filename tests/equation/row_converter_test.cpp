@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <numeric>
+
 namespace tarvelint::test {
 namespace {
 
@@ -14,8 +16,8 @@ class Rows : public TestWindow {
 public:
     explicit Rows(const std::string& equation, std::int32_t count = 4)
     {
-        std::vector<double> readings;
-        for (std::int32_t row = 0; row < count; ++row) readings.push_back(row + 1);
+        std::vector<double> readings(static_cast<std::size_t>(count));
+        std::iota(readings.begin(), readings.end(), 1);
         setReadings({readings});
         for (std::int32_t row = 0; row < count; ++row) data.values(kBaseline, 0, row) = 10;
         setChecked(Control::highBox, true);
