@@ -30,6 +30,9 @@ struct Raw {
     std::string vpdColumn{defaultText(Setting::VPD)};
     std::string parColumn{defaultText(Setting::PAR)};
     std::string blank{defaultText(Setting::Blank)};
+    std::string vpdLimit{defaultText(Setting::VPDlimit, DefaultOf::columnSetup)};
+    std::string parLimit{defaultText(Setting::PARlimit, DefaultOf::columnSetup)};
+    std::string lullTime{defaultText(Setting::lullTime, DefaultOf::columnSetup)};
     std::string layers = "unconverted,baseline,converted";
     bool noHeader = false;
     bool noDots = false;
@@ -118,15 +121,15 @@ void addZeroFlow(CLI::App& app, Raw& raw)
         ->check(column)
         ->type_name("N")
         ->capture_default_str();
-    app.add_option("--vpd-limit", options.vpdLimit, "A row is calm at or below this")
+    app.add_option("--vpd-limit", raw.vpdLimit, "A row is calm at or below this")
         ->check(CLI::Validator(checkLimit, ""))
         ->type_name("X")
         ->capture_default_str();
-    app.add_option("--par-limit", options.parLimit, "A row is dark at or below this")
+    app.add_option("--par-limit", raw.parLimit, "A row is dark at or below this")
         ->check(CLI::Validator(checkLimit, ""))
         ->type_name("X")
         ->capture_default_str();
-    app.add_option("--lull-time", options.lullTime, "Rows of calm and dark before zero flow is believed")
+    app.add_option("--lull-time", raw.lullTime, "Rows of calm and dark before zero flow is believed")
         ->check(CLI::Validator(checkWhole, ""))
         ->type_name("ROWS")
         ->capture_default_str();
@@ -176,6 +179,9 @@ BatchOptions finished(Raw raw)
     BatchOptions options = std::move(raw.options);
     options.vpdColumn = roundToInt16(leadingNumber(raw.vpdColumn));
     options.parColumn = roundToInt16(leadingNumber(raw.parColumn));
+    options.zeroFlow.vpdLimit = toFloat32(leadingNumber(raw.vpdLimit));
+    options.zeroFlow.parLimit = toFloat32(leadingNumber(raw.parLimit));
+    options.zeroFlow.lullTime = roundToInt32(leadingNumber(raw.lullTime));
     options.blank = roundToInt32(leadingNumber(raw.blank));
     options.inputType = raw.inputType.value_or(fileTypeOfExtension(options.input));
     options.outputType = raw.outputType.value_or(fileTypeOfExtension(options.output));
@@ -186,6 +192,13 @@ BatchOptions finished(Raw raw)
 }
 
 } // namespace
+
+BatchOptions::BatchOptions()
+{
+    zeroFlow.vpdLimit = toFloat32(leadingNumber(defaultText(Setting::VPDlimit, DefaultOf::columnSetup)));
+    zeroFlow.parLimit = toFloat32(leadingNumber(defaultText(Setting::PARlimit, DefaultOf::columnSetup)));
+    zeroFlow.lullTime = roundToInt32(leadingNumber(defaultText(Setting::lullTime, DefaultOf::columnSetup)));
+}
 
 FileType fileTypeOfExtension(const std::string& path)
 {

@@ -3,6 +3,7 @@
 
 #include "data/numbers.h"
 #include "data/settings_store.h"
+#include "forms/zero_flow_faults.h"
 #include "view/column_lists.h"
 #include "window/command_failure.h"
 #include "window/window.h"
@@ -89,24 +90,6 @@ void ColumnSetup::hide()
     m_parentForm.dialogs.hideColumnSetup();
 }
 
-std::int16_t ColumnSetup::columnNumber(const std::string& text, const char* what) const
-{
-    const double number = leadingNumber(text) - 1;
-    const auto fault = [&] {
-        return CommandFailure(std::string("The ") + what + " column \"" + text + "\" does not exist: the file has " +
-                              plainText(m_parentForm.data.columns) +
-                              (m_parentForm.data.columns == 1 ? " column" : " columns") + ". Type a number from 1 to " +
-                              plainText(m_parentForm.data.columns) + ".");
-    };
-    try {
-        const std::int16_t column = roundToInt16(number);
-        if (!m_parentForm.data.hasColumn(column)) throw fault();
-        return column;
-    } catch (const NumericOverflow&) {
-        throw fault();
-    }
-}
-
 namespace {
 
 CommandFailure unusableNumber(const char* what, const std::string& text)
@@ -138,14 +121,12 @@ std::int32_t rowCount(const std::string& text)
 ZeroFlowSettings ColumnSetup::readParameters() const
 {
     ZeroFlowSettings parameters;
-    parameters.vpdCol = columnNumber(boxes.vpdBox, "VPD");
-    parameters.parCol = columnNumber(boxes.parBox, "PAR");
+    parameters.vpdCol = columnIndex(boxes.vpdBox, "VPD", m_parentForm.data);
+    parameters.parCol = columnIndex(boxes.parBox, "PAR", m_parentForm.data);
     parameters.vpdLimit = limit(boxes.VPDlBox, "VPD limit");
     parameters.parLimit = limit(boxes.PARlBox, "PAR limit");
     parameters.lullTime = rowCount(boxes.timeBox);
-    if (std::find(boxes.checkBox.begin(), boxes.checkBox.end(), false) == boxes.checkBox.end())
-        throw CommandFailure("Every column is marked \"Do not convert\": there is no sensor column to pre-process. "
-                             "Clear the mark of at least one sensor column.");
+    if (std::find(boxes.checkBox.begin(), boxes.checkBox.end(), false) == boxes.checkBox.end()) throw noSensorColumn();
     return parameters;
 }
 

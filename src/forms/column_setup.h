@@ -78,7 +78,6 @@ public:
 
 private:
     [[nodiscard]] ZeroFlowSettings readParameters() const;
-    [[nodiscard]] std::int16_t columnNumber(const std::string& text, const char* what) const;
     void takeRecord();
     void hide();
 

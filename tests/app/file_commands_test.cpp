@@ -273,7 +273,7 @@ TEST(OpenFailure, aWindowThatClosesMeanwhileKeepsItsOldRecordWithoutAWord)
     Shell shell;
     shell.openText(kSavedRecord);
     const Snapshot before(shell);
-    shell.clock.step = Breather::kPause; // the counter shows every row
+    shell.clock.step = Pacer::kPause; // the counter shows every row
     shell.fakeUi.onPendingEvents = [&] {
         if (shell.window.text(Control::rowLabel) == "1") throw WindowClosing{};
     };
@@ -329,7 +329,7 @@ TEST(OpenProgress, pendingEventsRunByTimeAndNotAtEveryRow)
     for (int r = 0; r < 10; ++r) rows += "1,2\n";
     Texts counter;
     shell.fakeUi.onPendingEvents = [&] { counter.push_back(shell.window.text(Control::rowLabel)); };
-    shell.clock.step = Breather::kPause / 3; // a third of a pause a row: every third row shows
+    shell.clock.step = Pacer::kPause / 3; // a third of a pause a row: every third row shows
     shell.openText(rows);
     EXPECT_THAT(counter, ElementsAre("", "", "3", "6", "9"));
     EXPECT_EQ(shell.window.text(Control::rowLabel), "10"); // the counter ends at the number of rows

@@ -67,6 +67,21 @@ TEST_F(BatchProgram, exitsWithTwoForAWrongCommandLineAndOneForDataItCannotUse)
     EXPECT_EQ(run("--version"), 0);
 }
 
+TEST_F(BatchProgram, aSummaryThatNobodyCanReadIsAFaultAndTheFileIsThere)
+{
+    const std::string arguments = sample + " -o " + path("out.csv") + " --vpd-column 4 --parameters 1-5";
+    const auto statusWith = [&](const std::string& redirection) {
+        fs::remove(folder / "out.csv");
+        const int status = std::system((TARVELINT_BATCH " " + arguments + " " + redirection + " 2>" + path("stderr")).c_str());
+        EXPECT_TRUE(fs::exists(folder / "out.csv"));
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    };
+    EXPECT_EQ(statusWith(">/dev/full"), 1);
+    EXPECT_NE(content("stderr").find("summary cannot be written"), std::string::npos);
+    EXPECT_EQ(statusWith(">&-"), 1);
+    EXPECT_EQ(statusWith("--quiet >/dev/full"), 0);
+}
+
 TEST_F(BatchProgram, givesTheSameBytesUnderAnyLocaleButForTheDate)
 {
     const std::string arguments = " --vpd-column 4 --layers unconverted,converted --no-header";

@@ -222,7 +222,7 @@ TEST(Convert, afterACancelTheNextConversionBeginsAnew)
 TEST(Convert, readsTheEquationAgainForEveryRow)
 {
     Column column;
-    column.clock.step = Breather::kPause; // events run after every row
+    column.clock.step = Pacer::kPause; // events run after every row
     int rows = 0;
     column.fakeUi.onPendingEvents = [&] {
         if (++rows == 3) column.setText(Control::FormulaBox, "X*B");
@@ -256,7 +256,7 @@ TEST(Convert, aBaselineThatOverflowsIsMissing)
 TEST(Convert, brokenOffByItsWindowsClosingLeavesAnUnsavedChangeAndItsCopy)
 {
     Column column;
-    column.clock.step = Breather::kPause;
+    column.clock.step = Pacer::kPause;
     column.fakeUi.onPendingEvents = [] { throw std::runtime_error("closing"); };
     EXPECT_THROW(column.conversion.convButton_Click(), std::runtime_error);
     EXPECT_EQ(column.at(kConverted, 10), 8);

@@ -44,7 +44,7 @@ public:
     {
         Pointer during = Pointer::standard;
         setPointer(Pointer::cross);
-        clock.step = Breather::kPause; // events run after every row
+        clock.step = Pacer::kPause; // events run after every row
         fakeUi.onPendingEvents = [&] { during = pointer(); };
         command();
         return during;
