@@ -25,7 +25,7 @@ public:
         for (int row = 0; row < 3000; ++row) file << row / 48 + 1 << ',' << row % 48 << ',' << 8 + row % 5 << ",\r\n";
         file.close();
         open(path);
-        form->command([this] {
+        command([this] {
             core().chooseColumn(0, 2);
             core().chooseColumn(1, 0);
         });
@@ -36,7 +36,7 @@ public:
     void spoil()
     {
         for (int index = 0; index < 2; ++index) {
-            Surface& area = form->surface(index);
+            Surface& area = toolkit().surface(index);
             area.filledBox(0, 0, area.scaleWidth(), area.scaleHeight(), colors::kBlue);
         }
         if (isDrawn(0) || isDrawn(1)) qFatal("nothing spoilt");
@@ -129,7 +129,7 @@ private Q_SLOTS:
         PlottedDesk desk;
         for (const int index : {0, 1}) {
             QCOMPARE(at(desk.plot(index), 9, 1), kGround); // above the highest value
-            desk.form->surface(index).erase();
+            desk.toolkit().surface(index).erase();
             QCOMPARE(at(desk.plot(index), 9, 9), kGround);
         }
     }
@@ -162,7 +162,7 @@ private Q_SLOTS:
         PlottedDesk desk;
         auto* list = desk.find<QComboBox>("varList0");
         bool wasAsked = false;
-        desk.form->askForFile = [&](QWidget*, const FileDialog&, bool) -> std::optional<ChosenFile> {
+        desk.toolkit().askForFile = [&](QWidget*, const FileDialog&, bool) -> std::optional<ChosenFile> {
             wasAsked = true;
             QTest::keyClick(list, Qt::Key_Up);
             return {};

@@ -1,25 +1,23 @@
 // SPDX-License-Identifier: MIT
-#include "app/qt/frm_main.h"
+#include "app/qt/main_form.h"
 
+#include "app/qt/column_list_model.h"
+#include "app/qt/form_parts.h"
 #include "app/qt/plot_area.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QEvent>
-#include <QFrame>
-#include <QGridLayout>
 #include <QHBoxLayout>
-#include <QLabel>
 #include <QLineEdit>
 #include <QListView>
-#include <QPainter>
 #include <QPushButton>
 #include <QScrollBar>
+#include <QSignalBlocker>
 #include <QStatusBar>
-#include <QStyle>
-#include <QStyleOption>
 #include <QToolBar>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 namespace tarvelint {
 
@@ -37,58 +35,6 @@ QString qt(const char* text)
     return QString::fromUtf8(text);
 }
 
-/// One line that gives way in a narrow window: its text ends in "..." there, and its tip has it whole.
-class ElidedLabel : public QLabel {
-public:
-    using QLabel::QLabel;
-    [[nodiscard]] QSize minimumSizeHint() const override { return {0, QLabel::minimumSizeHint().height()}; }
-
-protected:
-    void paintEvent(QPaintEvent*) override
-    {
-        QPainter painter(this);
-        const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, width());
-        style()->drawItemText(&painter, rect(), static_cast<int>(alignment()), palette(), isEnabled(), shown,
-                              foregroundRole());
-        setToolTip(shown == text() ? QString() : QStringLiteral("<qt>%1</qt>").arg(text().toHtmlEscaped()));
-    }
-};
-
-/// The two plots and the bar below them. Both plots are equally high: an odd pixel stays free.
-class PlotGrid : public QGridLayout {
-public:
-    using QGridLayout::QGridLayout;
-    void setGeometry(const QRect& place) override
-    {
-        const int below = itemAtPosition(2, 1)->sizeHint().height() + 2 * verticalSpacing();
-        QGridLayout::setGeometry(place.adjusted(0, 0, 0, -((place.height() - below) % 2)));
-    }
-};
-
-/// A thin line around a plot; it takes the highlight colour while keys go to the plot.
-class PlotFrame : public QFrame {
-public:
-    explicit PlotFrame(QWidget* plot)
-    {
-        setFrameStyle(QFrame::Box | QFrame::Plain);
-        auto* inside = new QVBoxLayout(this);
-        inside->setContentsMargins(0, 0, 0, 0);
-        inside->addWidget(plot);
-        plot->installEventFilter(this);
-        setLine(false);
-    }
-
-    bool eventFilter(QObject*, QEvent* event) override
-    {
-        if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
-            setLine(event->type() == QEvent::FocusIn);
-        return false;
-    }
-
-private:
-    void setLine(bool focused) { setForegroundRole(focused ? QPalette::Highlight : QPalette::Mid); }
-};
-
 QLabel* caption(const char* text, Qt::Alignment alignment = Qt::AlignLeft)
 {
     auto* label = new QLabel(qt(text));
@@ -105,17 +51,17 @@ QLabel* caption(const char* text, QWidget* buddy)
 
 } // namespace
 
-void FrmMain::build(const StringTable& table)
+MainForm::MainForm(const StringTable& table)
 {
+    setObjectName(QStringLiteral("frmMain"));
     setMinimumSize(kSmallest);
     setContextMenuPolicy(Qt::NoContextMenu); // the bars are the View menu's business
     const MenuActions menus = buildMenus(*this, table);
+    m_controls.addEntries(menus.actions);
+    m_entryTexts = menus.captions;
     const ToolActions tools = buildToolBar(*this, table);
-    m_actions = menus.actions;
-    m_tools = tools.actions;
-    m_widgets[static_cast<std::size_t>(Control::tbToolBar)] = tools.bar;
-    for (const auto& [control, text] : menus.captions) m_core.setText(control, text);
-    for (const auto& [control, action] : m_tools) action->setEnabled(control != Control::count);
+    m_controls.addTools(tools.actions);
+    m_controls.add(Control::tbToolBar, tools.bar, "tbToolBar", "Tool bar");
 
     auto* cues = new QHBoxLayout;
     cues->setSpacing(4 * kGap);
@@ -135,7 +81,40 @@ void FrmMain::build(const StringTable& table)
     setTabOrders();
 }
 
-QBoxLayout* FrmMain::buildColumnRow()
+void MainForm::showList(int index, const ColumnList& list)
+{
+    const QSignalBlocker silent(&this->list(index));
+    m_listModels.at(static_cast<std::size_t>(index))->show(list);
+    this->list(index).setCurrentIndex(list.chosen);
+}
+
+void MainForm::showScrollBar(const ScrollBar& bar)
+{
+    QScrollBar& shown = scrollBar();
+    if (shown.isSliderDown()) return; // under the user's thumb it stands where that holds it
+    const QSignalBlocker silent(&shown);
+    shown.setRange(bar.Min, bar.Max);
+    shown.setSingleStep(std::max(bar.SmallChange, 1));
+    shown.setPageStep(bar.LargeChange);
+    shown.setValue(bar.Value);
+}
+
+QComboBox& MainForm::list(int index) const
+{
+    return *m_controls.widget<QComboBox>(element(Control::varList0, index));
+}
+
+QScrollBar& MainForm::scrollBar() const
+{
+    return *m_controls.widget<QScrollBar>(Control::HScroll1);
+}
+
+PlotArea& MainForm::plot(int index) const
+{
+    return *m_controls.widget<PlotArea>(element(Control::Picture1_0, index));
+}
+
+QBoxLayout* MainForm::buildColumnRow()
 {
     auto* row = new QHBoxLayout;
     row->setSpacing(kGap);
@@ -152,7 +131,7 @@ QBoxLayout* FrmMain::buildColumnRow()
     return row;
 }
 
-QBoxLayout* FrmMain::buildCommandRows()
+QBoxLayout* MainForm::buildCommandRows()
 {
     auto* commands = new QHBoxLayout;
     commands->setSpacing(kGap);
@@ -166,7 +145,7 @@ QBoxLayout* FrmMain::buildCommandRows()
     equation->addWidget(addButton(Control::eqButton, "eqButton", "Equation:"));
     auto* formula = new ElidedLabel;
     formula->setTextFormat(Qt::PlainText);
-    add(Control::FormulaBox, formula, "FormulaBox", "Equation");
+    m_controls.add(Control::FormulaBox, formula, "FormulaBox", "Equation");
     equation->addWidget(formula, 1);
 
     auto* rows = new QVBoxLayout;
@@ -177,7 +156,7 @@ QBoxLayout* FrmMain::buildCommandRows()
     return rows;
 }
 
-QGridLayout* FrmMain::buildSelectionCues()
+QGridLayout* MainForm::buildSelectionCues()
 {
     using enum Control;
     auto* grid = new QGridLayout;
@@ -197,7 +176,7 @@ QGridLayout* FrmMain::buildSelectionCues()
     return grid;
 }
 
-QWidget* FrmMain::buildFrame()
+QWidget* MainForm::buildFrame()
 {
     auto* frame = new QFrame;
     frame->setObjectName(QStringLiteral("Frame1"));
@@ -209,23 +188,23 @@ QWidget* FrmMain::buildFrame()
     constexpr std::array kSpoken{"Main plot", "Companion plot"};
     for (int index = 0; index < 2; ++index) {
         const auto i = static_cast<std::size_t>(index);
-        m_plots[i] = new PlotArea(index);
+        auto* plot = new PlotArea(index);
         grid->addLayout(buildRange(index), index, 0);
-        grid->addWidget(new PlotFrame(m_plots[i]), index, 1);
+        grid->addWidget(new PlotFrame(plot), index, 1);
         grid->setRowStretch(index, 1);
-        add(element(Control::Picture1_0, index), m_plots[i], kNames[i], kSpoken[i]);
+        m_controls.add(element(Control::Picture1_0, index), plot, kNames[i], kSpoken[i]);
     }
-    m_scrollBar = new QScrollBar(Qt::Horizontal);
-    QSizePolicy keepsItsPlace = m_scrollBar->sizePolicy();
+    auto* bar = new QScrollBar(Qt::Horizontal);
+    QSizePolicy keepsItsPlace = bar->sizePolicy();
     keepsItsPlace.setRetainSizeWhenHidden(true);
-    m_scrollBar->setSizePolicy(keepsItsPlace);
-    add(Control::HScroll1, m_scrollBar, "HScroll1", "First row shown");
-    grid->addWidget(m_scrollBar, 2, 1);
+    bar->setSizePolicy(keepsItsPlace);
+    m_controls.add(Control::HScroll1, bar, "HScroll1", "First row shown");
+    grid->addWidget(bar, 2, 1);
     grid->setColumnStretch(1, 1);
     return frame;
 }
 
-QGridLayout* FrmMain::buildRange(int index)
+QGridLayout* MainForm::buildRange(int index)
 {
     const bool main = index == 0;
     auto* grid = new QGridLayout;
@@ -252,7 +231,7 @@ QGridLayout* FrmMain::buildRange(int index)
     return grid;
 }
 
-QGridLayout* FrmMain::buildCueRows()
+QGridLayout* MainForm::buildCueRows()
 {
     using enum Control;
     auto* grid = new QGridLayout;
@@ -280,85 +259,76 @@ QGridLayout* FrmMain::buildCueRows()
     return grid;
 }
 
-void FrmMain::buildStatusBar()
+void MainForm::buildStatusBar()
 {
     auto* bar = statusBar();
-    add(Control::sbStatusBar, bar, "sbStatusBar", "Status bar");
+    m_controls.add(Control::sbStatusBar, bar, "sbStatusBar", "Status bar");
     auto* first = new ElidedLabel;
     auto* second = new ElidedLabel;
-    add(Control::statusPanel1, first, "statusPanel1", "Status");
-    add(Control::statusPanel2, second, "statusPanel2", "Display");
+    m_controls.add(Control::statusPanel1, first, "statusPanel1", "Status");
+    m_controls.add(Control::statusPanel2, second, "statusPanel2", "Display");
     bar->setContentsMargins(kGap, 0, 0, 0);
     bar->addWidget(first, 1);
     bar->addWidget(second, 1);
 }
 
-void FrmMain::add(Control control, QWidget* widget, const char* name, const char* spoken)
-{
-    m_widgets[static_cast<std::size_t>(control)] = widget;
-    m_spoken[control] = qt(spoken);
-    widget->setObjectName(qt(name));
-    if (!qobject_cast<QLabel*>(widget)) widget->setAccessibleName(qt(spoken));
-}
-
-QPushButton* FrmMain::addButton(Control control, const char* name, const char* caption)
+QPushButton* MainForm::addButton(Control control, const char* name, const char* caption)
 {
     auto* button = new QPushButton(qt(caption));
     const QString spoken = qt(caption).remove(u'&').remove(u':').remove(QStringLiteral("..."));
-    add(control, button, name, spoken.toUtf8().constData());
+    m_controls.add(control, button, name, spoken.toUtf8().constData());
     button->setAutoDefault(false);
     return button;
 }
 
-QWidget* FrmMain::addCheck(Control control, const char* name, const char* caption, const char* spoken)
+QWidget* MainForm::addCheck(Control control, const char* name, const char* caption, const char* spoken)
 {
     auto* box = new QCheckBox(qt(caption));
-    add(control, box, name, spoken);
+    m_controls.add(control, box, name, spoken);
     return box;
 }
 
-QLabel* FrmMain::addValue(Control control, const char* name, const char* spoken, const char* widest)
+QLabel* MainForm::addValue(Control control, const char* name, const char* spoken, const char* widest)
 {
     auto* label = new QLabel;
     label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     label->setMinimumWidth(label->fontMetrics().horizontalAdvance(qt(widest)));
-    add(control, label, name, spoken);
+    m_controls.add(control, label, name, spoken);
     return label;
 }
 
-QLineEdit* FrmMain::addBox(Control control, const char* name, const char* spoken)
+QLineEdit* MainForm::addBox(Control control, const char* name, const char* spoken)
 {
     auto* box = new QLineEdit;
     box->setAlignment(Qt::AlignRight);
     box->setFixedWidth(box->fontMetrics().horizontalAdvance(qt(kWidestReading)) + 2 * kGap);
     box->setFixedHeight(box->fontMetrics().height() + kGap); // five rows have to fit beside the smallest plot
-    add(control, box, name, spoken);
+    m_controls.add(control, box, name, spoken);
     return box;
 }
 
-QComboBox* FrmMain::addList(int index, const char* name, const char* spoken)
+QComboBox* MainForm::addList(int index, const char* name, const char* spoken)
 {
     const auto i = static_cast<std::size_t>(index);
     auto* list = new QComboBox;
-    m_lists[i] = list;
-    m_listModels[i] = new ColumnListModel(m_core.varList[i], list);
+    m_listModels[i] = new ColumnListModel(list);
     list->setModel(m_listModels[i]);
     list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     list->setMinimumContentsLength(6);
     list->setMaxVisibleItems(24);
     if (auto* view = qobject_cast<QListView*>(list->view())) view->setUniformItemSizes(true);
-    add(element(Control::varList0, index), list, name, spoken);
+    m_controls.add(element(Control::varList0, index), list, name, spoken);
     return list;
 }
 
-void FrmMain::setTabOrders()
+void MainForm::setTabOrders()
 {
     using enum Control;
     constexpr std::array kOrder{varList0, varList1,  labelBox,  labelButton, viewButton, convButton, baseButton,
                                 eqButton, maxLabel0, scaleBox0, minLabel0,   Picture1_0, maxLabel1,  scaleBox1,
                                 refCheck, refBox,    minLabel1, Picture1_1,  highBox};
     for (std::size_t i = 1; i < kOrder.size(); ++i)
-        setTabOrder(widget<QWidget>(kOrder[i - 1]), widget<QWidget>(kOrder[i]));
+        setTabOrder(m_controls.widget(kOrder[i - 1]), m_controls.widget(kOrder[i]));
 }
 
 } // namespace tarvelint

@@ -1,0 +1,41 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QFrame>
+#include <QGridLayout>
+#include <QLabel>
+
+namespace tarvelint {
+
+/// One line that gives way in a narrow window: its text ends in "..." there, and its tip has it whole.
+class ElidedLabel : public QLabel {
+    Q_OBJECT
+public:
+    using QLabel::QLabel;
+    [[nodiscard]] QSize minimumSizeHint() const override { return {0, QLabel::minimumSizeHint().height()}; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+};
+
+/// The two plots and the bar below them. Both plots are equally high: an odd pixel stays free.
+class PlotGrid : public QGridLayout {
+    Q_OBJECT
+public:
+    using QGridLayout::QGridLayout;
+    void setGeometry(const QRect& place) override;
+};
+
+/// A thin line around a plot; it takes the highlight colour while keys go to the plot.
+class PlotFrame : public QFrame {
+    Q_OBJECT
+public:
+    /// @param plot  becomes the frame's child
+    explicit PlotFrame(QWidget* plot);
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    void setLine(bool focused) { setForegroundRole(focused ? QPalette::Highlight : QPalette::Mid); }
+};
+
+} // namespace tarvelint
