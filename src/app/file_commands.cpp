@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/file_commands.h"
 
-#include "app/data_commands.h"
+#include "app/menu_table.h"
 #include "app/window_progress.h"
 #include "data/data_file_reader.h"
 #include "data/data_file_writer.h"
@@ -159,7 +159,7 @@ void FileCommands::showColumnSetup()
 
 void FileCommands::enableForWork()
 {
-    for (const Control control : kDataCommands) m_window.setEnabled(control, true);
+    for (const Control control : controlsThatNeed(Needs::record)) m_window.setEnabled(control, true);
     m_window.setEnabled(Control::mnuViewZoomIn, m_window.zoomFactor < 8);
     m_window.setEnabled(Control::mnuViewZoomOut, m_window.zoomFactor > 1);
     m_window.HScroll1.Min = 0;

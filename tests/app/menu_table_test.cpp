@@ -8,6 +8,9 @@
 
 #include <algorithm>
 #include <cctype>
+#include <iterator>
+#include <map>
+#include <optional>
 #include <set>
 #include <stdexcept>
 #include <string>
@@ -16,24 +19,24 @@ namespace tarvelint::test {
 namespace {
 
 using Names = std::vector<std::string>;
-using Kind = MenuEntry::Kind;
+using Kind = Command::Kind;
 
 /// Names of the entries of one menu, separators left out.
 Names entriesOf(const std::string& menu)
 {
     Names names;
     bool inside = false;
-    for (const MenuEntry& entry : menuTable()) {
+    for (const Command& entry : commandTable()) {
         if (entry.kind == Kind::menu) inside = entry.name == menu;
         if (inside && entry.kind == Kind::entry) names.emplace_back(entry.name);
     }
     return names;
 }
 
-const MenuEntry& entryOf(Control control)
+const Command& entryOf(Control control)
 {
-    const auto table = menuTable();
-    const auto found = std::find_if(table.begin(), table.end(), [&](const MenuEntry& entry) {
+    const auto table = commandTable();
+    const auto found = std::find_if(table.begin(), table.end(), [&](const Command& entry) {
         return entry.kind != Kind::separator && entry.control == control;
     });
     if (found == table.end()) throw std::logic_error("no such entry");
@@ -42,7 +45,7 @@ const MenuEntry& entryOf(Control control)
 
 std::string shownCaption(Control control)
 {
-    const MenuEntry& entry = entryOf(control);
+    const Command& entry = entryOf(control);
     ResControl form;
     std::vector<ResControl> controls{{"Menu", "", entry.caption, "", {}}};
     loadResStrings(form, controls, StringTable());
@@ -69,7 +72,7 @@ TEST(MenuTable, eachMenusSeparatorBearsItsName)
 {
     std::string menu;
     std::set<std::string> separators;
-    for (const MenuEntry& entry : menuTable()) {
+    for (const Command& entry : commandTable()) {
         if (entry.kind == Kind::menu) menu = entry.name;
         if (entry.kind != Kind::separator) continue;
         EXPECT_EQ(entry.name, menu + "Bar");
@@ -81,7 +84,7 @@ TEST(MenuTable, eachMenusSeparatorBearsItsName)
 TEST(MenuTable, noEntryStandsTwice)
 {
     std::set<Control> seen;
-    for (const MenuEntry& entry : menuTable())
+    for (const Command& entry : commandTable())
         if (entry.kind != Kind::separator) {
             EXPECT_TRUE(seen.insert(entry.control).second) << entry.name;
         }
@@ -90,7 +93,7 @@ TEST(MenuTable, noEntryStandsTwice)
 TEST(MenuTable, everyNumberedCaptionIsInTheStringTable)
 {
     const StringTable table;
-    for (const MenuEntry& entry : menuTable()) {
+    for (const Command& entry : commandTable()) {
         const std::string caption = entry.caption;
         if (!caption.empty() && std::isdigit(static_cast<unsigned char>(caption.front())) != 0) {
             EXPECT_TRUE(table.find(std::stoi(caption))) << entry.name;
@@ -98,20 +101,66 @@ TEST(MenuTable, everyNumberedCaptionIsInTheStringTable)
     }
 }
 
-TEST(MenuTable, captionsAreThoseOfTheStringTable)
+struct Shown {
+    Control control;
+    const char* caption;
+};
+
+/// What the user reads, menu by menu. The recent files' entry has no caption, and "Paste Special" has no number.
+constexpr Shown kShown[] = {
+    {Control::mnuFile, "&File"},
+    {Control::mnuFileNew, "&New"},
+    {Control::mnuFileOpen, "&Open..."},
+    {Control::mnuFileClose, "&Close"},
+    {Control::mnuFileSave, "&Save"},
+    {Control::mnuFileSaveAs, "Save &As..."},
+    {Control::mnuFileSaveAll, "Save A&ll"},
+    {Control::mnuFileProperties, "Propert&ies"},
+    {Control::mnuFilePageSetup, "Page Set&up..."},
+    {Control::mnuFilePrintPreview, "Print Pre&view"},
+    {Control::mnuFilePrint, "&Print..."},
+    {Control::mnuFileSend, "Sen&d..."},
+    {Control::mnuFileMRU, ""},
+    {Control::mnuFileExit, "E&xit"},
+    {Control::mnuEdit, "&Edit"},
+    {Control::mnuEditUndo, "Can't Undo"}, // there is nothing to undo at first
+    {Control::mnuEditCut, "Cu&t"},
+    {Control::mnuEditCopy, "&Copy"},
+    {Control::mnuEditPaste, "&Paste"},
+    {Control::mnuEditPasteSpecial, "Paste &Special..."},
+    {Control::mnuEditClear, "Clear"},
+    {Control::mnuEditSelectAll, "Select &All"},
+    {Control::mnuView, "&View"},
+    {Control::mnuViewToolbar, "&Toolbar"},
+    {Control::mnuViewStatusBar, "Status &Bar"},
+    {Control::mnuViewRefresh, "&Refresh"},
+    {Control::mnuViewLabels, "Settings..."},
+    {Control::mnuViewZoomIn, "Zoom In    (+)"},
+    {Control::mnuViewZoomOut, "Zoom Out  (-)"},
+    {Control::mnuViewWebBrowser, "&Web Browser"},
+    {Control::mnuTools, "&Tools"},
+    {Control::mnuToolsMode, "&Mode Change"},
+    {Control::mnuToolsView, "&View Change"},
+    {Control::mnuToolsConvert, "&Convert"},
+    {Control::mnuToolsDelete, "&Delete selection"},
+    {Control::mnuToolsBreak, "Break One-click Baseline  (Esc)"},
+    {Control::mnuToolsInterpolate, "&Interpolate"},
+    {Control::mnuToolsRecalculateSelection, "&Recalculate Selection"},
+    {Control::mnuToolsRecalculate, "Recalculate Current"},
+    {Control::mnuToolsRecalculateAll, "Recalculate All"},
+    {Control::mnuToolsOptions, "&Options..."},
+    {Control::mnuHelp, "&Help"},
+    {Control::mnuHelpContents, "&Contents"},
+    {Control::mnuHelpSearchForHelpOn, "&Search For Help On..."},
+    {Control::mnuHelpAbout, "&About "},
+};
+
+TEST(MenuTable, everyMenuAndEntryReadsAsTheStringTableSays)
 {
-    EXPECT_EQ(shownCaption(Control::mnuFile), "&File");
-    EXPECT_EQ(shownCaption(Control::mnuFileExit), "E&xit");
-    EXPECT_EQ(shownCaption(Control::mnuEditUndo), "Can't Undo"); // there is nothing to undo at first
-    EXPECT_EQ(shownCaption(Control::mnuEditSelectAll), "Select &All");
-    EXPECT_EQ(shownCaption(Control::mnuView), "&View");
-    EXPECT_EQ(shownCaption(Control::mnuViewLabels), "Settings...");
-    EXPECT_EQ(shownCaption(Control::mnuViewZoomIn), "Zoom In    (+)");
-    EXPECT_EQ(shownCaption(Control::mnuTools), "&Tools");
-    EXPECT_EQ(shownCaption(Control::mnuToolsView), "&View Change");
-    EXPECT_EQ(shownCaption(Control::mnuToolsBreak), "Break One-click Baseline  (Esc)");
-    EXPECT_EQ(shownCaption(Control::mnuToolsRecalculateSelection), "&Recalculate Selection");
-    EXPECT_EQ(shownCaption(Control::mnuHelpAbout), "&About ");
+    for (const auto& [control, caption] : kShown) EXPECT_EQ(shownCaption(control), caption);
+    EXPECT_EQ(std::size(kShown), std::ranges::count_if(commandTable(), [](const Command& command) {
+                  return command.kind != Kind::separator;
+              }));
 }
 
 TEST(MenuTable, theUsualShortcutsAreThereAndEachOnce)
@@ -122,7 +171,7 @@ TEST(MenuTable, theUsualShortcutsAreThereAndEachOnce)
     EXPECT_STREQ(entryOf(Control::mnuEditUndo).shortcut, "Ctrl+Z");
     EXPECT_STREQ(entryOf(Control::mnuEditSelectAll).shortcut, "Ctrl+A");
     std::set<std::string> seen;
-    for (const MenuEntry& entry : menuTable())
+    for (const Command& entry : commandTable())
         if (*entry.shortcut != '\0') {
             EXPECT_TRUE(seen.insert(entry.shortcut).second) << entry.shortcut;
         }
@@ -130,7 +179,7 @@ TEST(MenuTable, theUsualShortcutsAreThereAndEachOnce)
 
 TEST(MenuTable, onlyTheBarsHaveCheckMarks)
 {
-    for (const MenuEntry& entry : menuTable())
+    for (const Command& entry : commandTable())
         EXPECT_EQ(entry.checkable,
                   entry.control == Control::mnuViewToolbar || entry.control == Control::mnuViewStatusBar)
             << entry.name;
@@ -150,18 +199,46 @@ TEST(ToolTable, holdsTheThirteenButtonsWithTheirTipsAndEntries)
 
 TEST(ToolTable, buttonsStandForTheEntriesOfTheirNames)
 {
-    const std::vector<std::pair<std::string, Control>> entries = {
-        {"New", Control::mnuFileNew},     {"Open", Control::mnuFileOpen}, {"Save", Control::mnuFileSave},
-        {"Print", Control::mnuFilePrint}, {"Cut", Control::mnuEditCut},   {"Copy", Control::mnuEditCopy},
-        {"Paste", Control::mnuEditPaste}};
-    std::size_t next = 0;
+    const std::map<std::string, Control> entries = {{"New", Control::mnuFileNew},    {"Open", Control::mnuFileOpen},
+                                                    {"Save", Control::mnuFileSave},  {"Print", Control::mnuFilePrint},
+                                                    {"Cut", Control::mnuEditCut},    {"Copy", Control::mnuEditCopy},
+                                                    {"Paste", Control::mnuEditPaste}};
     for (const ToolButton& button : toolTable()) {
-        EXPECT_EQ(button.standsForEntry, next < entries.size()) << button.key;
-        if (!button.standsForEntry) continue;
-        EXPECT_EQ(button.key, entries[next].first);
-        EXPECT_EQ(button.entry, entries[next].second);
-        ++next;
+        const auto entry = entries.find(button.key);
+        EXPECT_EQ(button.entry, entry == entries.end() ? std::nullopt : std::optional(entry->second)) << button.key;
     }
+}
+
+TEST(ControlTable, everyControlHasOneRowAndItsGivenName)
+{
+    std::map<Control, int> rows;
+    std::set<std::string> names;
+    for (const Command& command : commandTable())
+        if (command.kind != Kind::separator) {
+            ++rows[command.control];
+            EXPECT_TRUE(names.insert(command.name).second) << command.name;
+        }
+    for (const ControlRow& row : controlTable()) {
+        ++rows[row.control];
+        EXPECT_TRUE(names.insert(row.name).second) << row.name;
+        EXPECT_STRNE(row.spoken, "") << row.name;
+    }
+    for (int i = 0; i < static_cast<int>(Control::count); ++i) EXPECT_EQ(rows[static_cast<Control>(i)], 1) << i;
+    EXPECT_EQ(names.size(), rows.size());
+}
+
+TEST(ControlTable, aControlIsFoundByWhatItIs)
+{
+    EXPECT_STREQ(controlRow(Control::varList1).name, "varList1");
+    EXPECT_STREQ(controlRow(Control::eqButton).caption, "Equation:");
+    EXPECT_STREQ(controlRow(Control::Picture1_0).spoken, "Main plot");
+}
+
+TEST(ControlTable, theCompanionPlotTheReferenceBoxUndoAndZoomNeedMoreThanARecord)
+{
+    EXPECT_THAT(controlsThatNeed(Needs::more),
+                testing::UnorderedElementsAre(Control::mnuEditUndo, Control::mnuViewZoomIn, Control::mnuViewZoomOut,
+                                              Control::Picture1_1, Control::refBox));
 }
 
 } // namespace

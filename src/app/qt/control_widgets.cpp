@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/qt/control_widgets.h"
 
+#include "app/menu_table.h"
+
 #include <QAction>
 #include <QLabel>
 #include <QLineEdit>
@@ -8,12 +10,13 @@
 
 namespace tarvelint {
 
-void ControlWidgets::add(Control control, QWidget* widget, const char* name, const char* spoken)
+void ControlWidgets::add(Control control, QWidget* widget)
 {
+    const ControlRow& row = controlRow(control);
     m_widgets[static_cast<std::size_t>(control)] = widget;
-    m_spoken[control] = QString::fromUtf8(spoken);
-    widget->setObjectName(QString::fromUtf8(name));
-    if (!qobject_cast<QLabel*>(widget)) widget->setAccessibleName(m_spoken[control]);
+    widget->setObjectName(QString::fromUtf8(row.name));
+    if (!qobject_cast<QLabel*>(widget)) widget->setAccessibleName(QString::fromUtf8(row.spoken));
+    if (auto* button = qobject_cast<QAbstractButton*>(widget)) button->setText(QString::fromUtf8(row.caption));
 }
 
 void ControlWidgets::addTools(const std::multimap<Control, QAction*>& tools)
@@ -61,8 +64,8 @@ void ControlWidgets::showText(QWidget& shown, Control control, const QString& te
     if (auto* label = qobject_cast<QLabel*>(&shown)) {
         if (label->text() == text && !label->accessibleName().isEmpty()) return;
         label->setText(text);
-        // Readers are told the accessible name in place of the text.
-        label->setAccessibleName(m_spoken[control] + QStringLiteral(": ") +
+        // Readers are told the accessible name in place of the text: the value has to follow it.
+        label->setAccessibleName(QString::fromUtf8(controlRow(control).spoken) + QStringLiteral(": ") +
                                  (text.isEmpty() ? QStringLiteral("none") : text));
     } else if (auto* box = qobject_cast<QLineEdit*>(&shown); box && box->text() != text) {
         const auto cursor = box->cursorPosition();

@@ -18,8 +18,8 @@ namespace tarvelint {
 /// them. Entries and buttons that run nothing stay off.
 class ControlWidgets {
 public:
-    /// Names a widget: `name` for tests, `spoken` for screen readers. The form owns the widget.
-    void add(Control control, QWidget* widget, const char* name, const char* spoken);
+    /// Names a widget as its row of the table says. The form owns the widget.
+    void add(Control control, QWidget* widget);
     void addEntries(const std::map<Control, QAction*>& entries) { m_entries = entries; }
     /// Buttons that stand for no entry never run anything.
     void addTools(const std::multimap<Control, QAction*>& tools);
@@ -39,13 +39,12 @@ public:
 
 private:
     void showEntry(Control control, const ControlState& state);
-    void showText(QWidget& shown, Control control, const QString& text);
+    static void showText(QWidget& shown, Control control, const QString& text);
     [[nodiscard]] bool isUsable(Control control, const ControlState& state) const;
 
     std::array<QWidget*, static_cast<std::size_t>(Control::count)> m_widgets{};
     std::map<Control, QAction*> m_entries;
     std::multimap<Control, QAction*> m_tools;
-    std::map<Control, QString> m_spoken; ///< what a value label is called; its value follows
     std::set<Control> m_wired;
 };
 

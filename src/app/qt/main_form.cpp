@@ -61,7 +61,7 @@ MainForm::MainForm(const StringTable& table)
     m_entryTexts = menus.captions;
     const ToolActions tools = buildToolBar(*this, table);
     m_controls.addTools(tools.actions);
-    m_controls.add(Control::tbToolBar, tools.bar, "tbToolBar", "Tool bar");
+    m_controls.add(Control::tbToolBar, tools.bar);
 
     auto* cues = new QHBoxLayout;
     cues->setSpacing(4 * kGap);
@@ -118,16 +118,16 @@ QBoxLayout* MainForm::buildColumnRow()
 {
     auto* row = new QHBoxLayout;
     row->setSpacing(kGap);
-    QComboBox* main = addList(0, "varList0", "Column in the main plot");
-    QComboBox* companion = addList(1, "varList1", "Column in the companion plot");
+    QComboBox* main = addList(0);
+    QComboBox* companion = addList(1);
     row->addWidget(caption("Main:", main));
     row->addWidget(main, 1);
     row->addSpacing(kGap);
     row->addWidget(caption("Companion:", companion));
     row->addWidget(companion, 1);
     row->addSpacing(kGap);
-    row->addWidget(addCheck(Control::labelBox, "labelBox", "show", "Show labels in the column lists"));
-    row->addWidget(addButton(Control::labelButton, "labelButton", "Labels..."));
+    row->addWidget(addCheck(Control::labelBox));
+    row->addWidget(addButton(Control::labelButton));
     return row;
 }
 
@@ -135,17 +135,17 @@ QBoxLayout* MainForm::buildCommandRows()
 {
     auto* commands = new QHBoxLayout;
     commands->setSpacing(kGap);
-    commands->addWidget(addButton(Control::viewButton, "viewButton", "&View"));
-    commands->addWidget(addButton(Control::convButton, "convButton", "&Convert"));
-    commands->addWidget(addButton(Control::baseButton, "baseButton", "Baseline"));
+    commands->addWidget(addButton(Control::viewButton));
+    commands->addWidget(addButton(Control::convButton));
+    commands->addWidget(addButton(Control::baseButton));
     commands->addStretch();
 
     auto* equation = new QHBoxLayout;
     equation->setSpacing(kGap);
-    equation->addWidget(addButton(Control::eqButton, "eqButton", "Equation:"));
+    equation->addWidget(addButton(Control::eqButton));
     auto* formula = new ElidedLabel;
     formula->setTextFormat(Qt::PlainText);
-    m_controls.add(Control::FormulaBox, formula, "FormulaBox", "Equation");
+    m_controls.add(Control::FormulaBox, formula);
     equation->addWidget(formula, 1);
 
     auto* rows = new QVBoxLayout;
@@ -165,13 +165,13 @@ QGridLayout* MainForm::buildSelectionCues()
     grid->addWidget(caption("Value", Qt::AlignRight), 0, 1);
     grid->addWidget(caption("Time", Qt::AlignRight), 0, 2, 1, 2);
     grid->addWidget(caption("Left:"), 1, 0);
-    grid->addWidget(addValue(slLabel, "slLabel", "Reading at the left end of the selection", kWidestReading), 1, 1);
-    grid->addWidget(addValue(ldLabel, "ldLabel", "Day at the left end of the selection", "366.99"), 1, 2);
-    grid->addWidget(addValue(ltLabel, "ltLabel", "Time at the left end of the selection", "2359.5"), 1, 3);
+    grid->addWidget(addValue(slLabel, kWidestReading), 1, 1);
+    grid->addWidget(addValue(ldLabel, "366.99"), 1, 2);
+    grid->addWidget(addValue(ltLabel, "2359.5"), 1, 3);
     grid->addWidget(caption("Right:"), 2, 0);
-    grid->addWidget(addValue(srLabel, "srLabel", "Reading at the right end of the selection", kWidestReading), 2, 1);
-    grid->addWidget(addValue(rdLabel, "rdLabel", "Day at the right end of the selection", "366.99"), 2, 2);
-    grid->addWidget(addValue(rtLabel, "rtLabel", "Time at the right end of the selection", "2359.5"), 2, 3);
+    grid->addWidget(addValue(srLabel, kWidestReading), 2, 1);
+    grid->addWidget(addValue(rdLabel, "366.99"), 2, 2);
+    grid->addWidget(addValue(rtLabel, "2359.5"), 2, 3);
     grid->setRowStretch(3, 1);
     return grid;
 }
@@ -184,21 +184,18 @@ QWidget* MainForm::buildFrame()
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setHorizontalSpacing(kGap + 2);
     grid->setVerticalSpacing(kRowGap);
-    constexpr std::array kNames{"Picture1_0", "Picture1_1"};
-    constexpr std::array kSpoken{"Main plot", "Companion plot"};
     for (int index = 0; index < 2; ++index) {
-        const auto i = static_cast<std::size_t>(index);
         auto* plot = new PlotArea(index);
         grid->addLayout(buildRange(index), index, 0);
         grid->addWidget(new PlotFrame(plot), index, 1);
         grid->setRowStretch(index, 1);
-        m_controls.add(element(Control::Picture1_0, index), plot, kNames[i], kSpoken[i]);
+        m_controls.add(element(Control::Picture1_0, index), plot);
     }
     auto* bar = new QScrollBar(Qt::Horizontal);
     QSizePolicy keepsItsPlace = bar->sizePolicy();
     keepsItsPlace.setRetainSizeWhenHidden(true);
     bar->setSizePolicy(keepsItsPlace);
-    m_controls.add(Control::HScroll1, bar, "HScroll1", "First row shown");
+    m_controls.add(Control::HScroll1, bar);
     grid->addWidget(bar, 2, 1);
     grid->setColumnStretch(1, 1);
     return frame;
@@ -206,24 +203,18 @@ QWidget* MainForm::buildFrame()
 
 QGridLayout* MainForm::buildRange(int index)
 {
-    const bool main = index == 0;
     auto* grid = new QGridLayout;
     grid->setHorizontalSpacing(kGap);
     grid->setVerticalSpacing(0);
-    QLineEdit* top = addBox(element(Control::maxLabel0, index), main ? "maxLabel0" : "maxLabel1",
-                            main ? "Top of the main plot" : "Top of the companion plot");
-    QLineEdit* bottom = addBox(element(Control::minLabel0, index), main ? "minLabel0" : "minLabel1",
-                               main ? "Bottom of the main plot" : "Bottom of the companion plot");
+    QLineEdit* top = addBox(element(Control::maxLabel0, index));
+    QLineEdit* bottom = addBox(element(Control::minLabel0, index));
     grid->addWidget(caption("Top:", top), 0, 0);
     grid->addWidget(top, 0, 1);
     grid->setRowStretch(1, 1);
-    grid->addWidget(addCheck(element(Control::scaleBox0, index), main ? "scaleBox0" : "scaleBox1", "Auto",
-                             main ? "Automatic range of the main plot" : "Automatic range of the companion plot"),
-                    2, 1);
-    if (!main) {
-        grid->addWidget(addCheck(Control::refCheck, "refCheck", "Reference", "Reference line in the companion plot"), 3,
-                        1);
-        grid->addWidget(addBox(Control::refBox, "refBox", "Reference value"), 4, 1);
+    grid->addWidget(addCheck(element(Control::scaleBox0, index)), 2, 1);
+    if (index == 1) {
+        grid->addWidget(addCheck(Control::refCheck), 3, 1);
+        grid->addWidget(addBox(Control::refBox), 4, 1);
     }
     grid->setRowStretch(5, 1);
     grid->addWidget(caption("Bottom:", bottom), 6, 0);
@@ -238,22 +229,22 @@ QGridLayout* MainForm::buildCueRows()
     grid->setHorizontalSpacing(kGap);
     grid->setVerticalSpacing(kRowGap);
     grid->addWidget(caption("Columns:"), 0, 0);
-    grid->addWidget(addValue(colLabel, "colLabel", "Columns", "9999999"), 0, 1);
+    grid->addWidget(addValue(colLabel, "9999999"), 0, 1);
     grid->addWidget(caption("Rows:"), 1, 0);
-    grid->addWidget(addValue(rowLabel, "rowLabel", "Rows", "9999999"), 1, 1);
-    QWidget* high = addCheck(highBox, "highBox", "Baseline is high", "Baseline is high");
+    grid->addWidget(addValue(rowLabel, "9999999"), 1, 1);
+    QCheckBox* high = addCheck(highBox);
     high->setToolTip(QStringLiteral("Check this if the values are lower than the baseline"));
     grid->addWidget(high, 2, 0, 1, 2);
     grid->addWidget(caption("In:"), 0, 3);
-    grid->addWidget(addValue(inLabel, "inLabel", "Reading under the pointer", kWidestReading), 0, 4);
+    grid->addWidget(addValue(inLabel, kWidestReading), 0, 4);
     grid->addWidget(caption("Base:"), 1, 3);
-    grid->addWidget(addValue(baseLabel, "baseLabel", "Baseline under the pointer", kWidestReading), 1, 4);
+    grid->addWidget(addValue(baseLabel, kWidestReading), 1, 4);
     grid->addWidget(caption("Out:"), 2, 3);
-    grid->addWidget(addValue(outLabel, "outLabel", "Converted value under the pointer", kWidestReading), 2, 4);
+    grid->addWidget(addValue(outLabel, kWidestReading), 2, 4);
     grid->addWidget(caption("DOY:"), 2, 6);
-    grid->addWidget(addValue(dateLabel, "dateLabel", "Day of year under the pointer", "366.99"), 2, 7);
+    grid->addWidget(addValue(dateLabel, "366.99"), 2, 7);
     grid->addWidget(caption("Time:"), 2, 9);
-    grid->addWidget(addValue(timeLabel, "timeLabel", "Time under the pointer", "2359.5"), 2, 10);
+    grid->addWidget(addValue(timeLabel, "2359.5"), 2, 10);
     for (const int gap : {2, 5, 8}) grid->setColumnMinimumWidth(gap, 2 * kGap);
     grid->setColumnStretch(11, 1);
     return grid;
@@ -262,52 +253,51 @@ QGridLayout* MainForm::buildCueRows()
 void MainForm::buildStatusBar()
 {
     auto* bar = statusBar();
-    m_controls.add(Control::sbStatusBar, bar, "sbStatusBar", "Status bar");
+    m_controls.add(Control::sbStatusBar, bar);
     auto* first = new ElidedLabel;
     auto* second = new ElidedLabel;
-    m_controls.add(Control::statusPanel1, first, "statusPanel1", "Status");
-    m_controls.add(Control::statusPanel2, second, "statusPanel2", "Display");
+    m_controls.add(Control::statusPanel1, first);
+    m_controls.add(Control::statusPanel2, second);
     bar->setContentsMargins(kGap, 0, 0, 0);
     bar->addWidget(first, 1);
     bar->addWidget(second, 1);
 }
 
-QPushButton* MainForm::addButton(Control control, const char* name, const char* caption)
+QPushButton* MainForm::addButton(Control control)
 {
-    auto* button = new QPushButton(qt(caption));
-    const QString spoken = qt(caption).remove(u'&').remove(u':').remove(QStringLiteral("..."));
-    m_controls.add(control, button, name, spoken.toUtf8().constData());
+    auto* button = new QPushButton;
+    m_controls.add(control, button);
     button->setAutoDefault(false);
     return button;
 }
 
-QWidget* MainForm::addCheck(Control control, const char* name, const char* caption, const char* spoken)
+QCheckBox* MainForm::addCheck(Control control)
 {
-    auto* box = new QCheckBox(qt(caption));
-    m_controls.add(control, box, name, spoken);
+    auto* box = new QCheckBox;
+    m_controls.add(control, box);
     return box;
 }
 
-QLabel* MainForm::addValue(Control control, const char* name, const char* spoken, const char* widest)
+QLabel* MainForm::addValue(Control control, const char* widest)
 {
     auto* label = new QLabel;
     label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     label->setMinimumWidth(label->fontMetrics().horizontalAdvance(qt(widest)));
-    m_controls.add(control, label, name, spoken);
+    m_controls.add(control, label);
     return label;
 }
 
-QLineEdit* MainForm::addBox(Control control, const char* name, const char* spoken)
+QLineEdit* MainForm::addBox(Control control)
 {
     auto* box = new QLineEdit;
     box->setAlignment(Qt::AlignRight);
     box->setFixedWidth(box->fontMetrics().horizontalAdvance(qt(kWidestReading)) + 2 * kGap);
     box->setFixedHeight(box->fontMetrics().height() + kGap); // five rows have to fit beside the smallest plot
-    m_controls.add(control, box, name, spoken);
+    m_controls.add(control, box);
     return box;
 }
 
-QComboBox* MainForm::addList(int index, const char* name, const char* spoken)
+QComboBox* MainForm::addList(int index)
 {
     const auto i = static_cast<std::size_t>(index);
     auto* list = new QComboBox;
@@ -317,7 +307,7 @@ QComboBox* MainForm::addList(int index, const char* name, const char* spoken)
     list->setMinimumContentsLength(6);
     list->setMaxVisibleItems(24);
     if (auto* view = qobject_cast<QListView*>(list->view())) view->setUniformItemSizes(true);
-    m_controls.add(element(Control::varList0, index), list, name, spoken);
+    m_controls.add(element(Control::varList0, index), list);
     return list;
 }
 

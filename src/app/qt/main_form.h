@@ -11,6 +11,7 @@
 #include <string>
 
 class QBoxLayout;
+class QCheckBox;
 class QComboBox;
 class QGridLayout;
 class QLabel;
@@ -49,11 +50,12 @@ private:
     [[nodiscard]] QGridLayout* buildRange(int index);
     [[nodiscard]] QGridLayout* buildCueRows();
     void buildStatusBar();
-    [[nodiscard]] QPushButton* addButton(Control control, const char* name, const char* caption);
-    [[nodiscard]] QWidget* addCheck(Control control, const char* name, const char* caption, const char* spoken);
-    [[nodiscard]] QLabel* addValue(Control control, const char* name, const char* spoken, const char* widest);
-    [[nodiscard]] QLineEdit* addBox(Control control, const char* name, const char* spoken);
-    [[nodiscard]] QComboBox* addList(int index, const char* name, const char* spoken);
+    [[nodiscard]] QPushButton* addButton(Control control);
+    [[nodiscard]] QCheckBox* addCheck(Control control);
+    /// @param widest  a text that fits
+    [[nodiscard]] QLabel* addValue(Control control, const char* widest);
+    [[nodiscard]] QLineEdit* addBox(Control control);
+    [[nodiscard]] QComboBox* addList(int index);
     void setTabOrders();
 
     ControlWidgets m_controls;

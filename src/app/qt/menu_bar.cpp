@@ -134,7 +134,7 @@ QIcon glyphIcon(const QString& key, const QPalette& palette)
 std::vector<ResControl> menuCaptions(const StringTable& table)
 {
     std::vector<ResControl> controls;
-    for (const MenuEntry& entry : menuTable()) controls.push_back({"Menu", {}, entry.caption, {}, {}});
+    for (const Command& command : commandTable()) controls.push_back({"Menu", {}, command.caption, {}, {}});
     ResControl form;
     loadResStrings(form, controls, table);
     return controls;
@@ -154,35 +154,34 @@ MenuActions buildMenus(QMainWindow& window, const StringTable& table)
     const std::vector<ResControl> captions = menuCaptions(table);
     QMenu* menu = nullptr;
     for (std::size_t i = 0; i < captions.size(); ++i) {
-        const MenuEntry& entry = menuTable()[i];
+        const Command& command = commandTable()[i];
         const QString caption = qt(captions[i].caption);
-        if (entry.kind == MenuEntry::Kind::menu) {
+        if (command.kind == Command::Kind::menu) {
             menu = window.menuBar()->addMenu(caption);
-            menu->setObjectName(QString::fromLatin1(entry.name));
+            menu->setObjectName(QString::fromLatin1(command.name));
             continue;
         }
-        QAction* action = entry.kind == MenuEntry::Kind::separator ? menu->addSeparator() : menu->addAction(caption);
-        action->setObjectName(QString::fromLatin1(entry.name));
-        if (entry.kind == MenuEntry::Kind::separator) continue;
-        action->setShortcut(QKeySequence(QString::fromLatin1(entry.shortcut)));
-        action->setCheckable(entry.checkable);
-        built.actions[entry.control] = action;
-        built.captions[entry.control] = captions[i].caption;
+        const bool isSeparator = command.kind == Command::Kind::separator;
+        QAction* action = isSeparator ? menu->addSeparator() : menu->addAction(caption);
+        action->setObjectName(QString::fromLatin1(command.name));
+        if (isSeparator) continue;
+        action->setShortcut(QKeySequence(QString::fromLatin1(command.shortcut)));
+        action->setCheckable(command.checkable);
+        built.actions[command.control] = action;
+        built.captions[command.control] = captions[i].caption;
     }
     return built;
 }
 
 ToolActions buildToolBar(QMainWindow& window, const StringTable& table)
 {
-    ToolActions built{.bar = window.addToolBar(QStringLiteral("Tool bar")), .actions = {}};
+    ToolActions built{.bar = window.addToolBar(qt(controlRow(Control::tbToolBar).spoken)), .actions = {}};
     ResControl bar{"Toolbar", {}, {}, {}, {}};
     for (const ToolButton& tool : toolTable()) bar.parts.push_back({{}, {}, {}, tool.toolTip, {}});
     ResControl form;
     std::vector<ResControl> controls{bar};
     loadResStrings(form, controls, table);
 
-    built.bar->setObjectName(QStringLiteral("tbToolBar"));
-    built.bar->setAccessibleName(QStringLiteral("Tool bar"));
     built.bar->setMovable(false);
     built.bar->setFloatable(false);
     built.bar->setContextMenuPolicy(Qt::PreventContextMenu);
@@ -190,13 +189,11 @@ ToolActions buildToolBar(QMainWindow& window, const StringTable& table)
     for (std::size_t i = 0; i < toolTable().size(); ++i) {
         const ToolButton& tool = toolTable()[i];
         const QString key = QString::fromLatin1(tool.key);
-        if (key == QLatin1String("Print") || key == QLatin1String("Cut") || key == QLatin1String("Bold") ||
-            key == QLatin1String("Align Left"))
-            built.bar->addSeparator();
+        if (tool.beginsGroup) built.bar->addSeparator();
         QAction* action = built.bar->addAction(glyphIcon(key, window.palette()), key);
         action->setObjectName(toolName(tool.key));
         action->setToolTip(qt(controls.front().parts[i].toolTip));
-        built.actions.emplace(tool.standsForEntry ? tool.entry : Control::count, action);
+        built.actions.emplace(tool.entry.value_or(Control::count), action);
     }
     return built;
 }
