@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/file_commands.h"
 
-#include "app/menu_table.h"
+#include "app/command_table.h"
 #include "app/window_progress.h"
 #include "data/data_file_reader.h"
 #include "data/data_file_writer.h"

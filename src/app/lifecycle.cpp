@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/lifecycle.h"
 
-#include "app/menu_table.h"
+#include "app/command_table.h"
 #include "data/file_format.h"
 #include "data/settings_store.h"
 

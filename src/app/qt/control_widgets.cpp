@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/qt/control_widgets.h"
 
-#include "app/menu_table.h"
+#include "app/command_table.h"
 
 #include <QAction>
 #include <QLabel>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/menu_table.h"
+#include "app/command_table.h"
 #include "app/string_table.h"
 
 #include <QString>

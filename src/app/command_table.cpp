@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/menu_table.h"
+#include "app/command_table.h"
 
 #include <algorithm>
 #include <cassert>

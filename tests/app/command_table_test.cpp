@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "app/menu_table.h"
+#include "app/command_table.h"
 
 #include "app/string_table.h"
 
@@ -52,7 +52,7 @@ std::string shownCaption(Control control)
     return controls.front().caption;
 }
 
-TEST(MenuTable, holdsEveryEntryInItsMenu)
+TEST(CommandTable, holdsEveryEntryInItsMenu)
 {
     EXPECT_EQ(entriesOf("mnuFile"),
               (Names{"mnuFileNew", "mnuFileOpen", "mnuFileClose", "mnuFileSave", "mnuFileSaveAs", "mnuFileSaveAll",
@@ -68,7 +68,7 @@ TEST(MenuTable, holdsEveryEntryInItsMenu)
     EXPECT_EQ(entriesOf("mnuHelp"), (Names{"mnuHelpContents", "mnuHelpSearchForHelpOn", "mnuHelpAbout"}));
 }
 
-TEST(MenuTable, eachMenusSeparatorBearsItsName)
+TEST(CommandTable, eachMenusSeparatorBearsItsName)
 {
     std::string menu;
     std::set<std::string> separators;
@@ -81,7 +81,7 @@ TEST(MenuTable, eachMenusSeparatorBearsItsName)
     EXPECT_EQ(separators.size(), 5U);
 }
 
-TEST(MenuTable, noEntryStandsTwice)
+TEST(CommandTable, noEntryStandsTwice)
 {
     std::set<Control> seen;
     for (const Command& entry : commandTable())
@@ -90,7 +90,7 @@ TEST(MenuTable, noEntryStandsTwice)
         }
 }
 
-TEST(MenuTable, everyNumberedCaptionIsInTheStringTable)
+TEST(CommandTable, everyNumberedCaptionIsInTheStringTable)
 {
     const StringTable table;
     for (const Command& entry : commandTable()) {
@@ -155,7 +155,7 @@ constexpr Shown kShown[] = {
     {Control::mnuHelpAbout, "&About "},
 };
 
-TEST(MenuTable, everyMenuAndEntryReadsAsTheStringTableSays)
+TEST(CommandTable, everyMenuAndEntryReadsAsTheStringTableSays)
 {
     for (const auto& [control, caption] : kShown) EXPECT_EQ(shownCaption(control), caption);
     EXPECT_EQ(std::size(kShown), std::ranges::count_if(commandTable(), [](const Command& command) {
@@ -163,7 +163,7 @@ TEST(MenuTable, everyMenuAndEntryReadsAsTheStringTableSays)
               }));
 }
 
-TEST(MenuTable, theUsualShortcutsAreThereAndEachOnce)
+TEST(CommandTable, theUsualShortcutsAreThereAndEachOnce)
 {
     EXPECT_STREQ(entryOf(Control::mnuFileNew).shortcut, "Ctrl+N");
     EXPECT_STREQ(entryOf(Control::mnuFileOpen).shortcut, "Ctrl+O");
@@ -177,7 +177,7 @@ TEST(MenuTable, theUsualShortcutsAreThereAndEachOnce)
         }
 }
 
-TEST(MenuTable, onlyTheBarsHaveCheckMarks)
+TEST(CommandTable, onlyTheBarsHaveCheckMarks)
 {
     for (const Command& entry : commandTable())
         EXPECT_EQ(entry.checkable,
