@@ -9,11 +9,13 @@
 #include "machine/files.h"
 #include "support/doubles.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPalette>
 #include <QPointer>
 #include <QPushButton>
 #include <QTemporaryDir>
@@ -131,6 +133,22 @@ public:
     QPointer<MainForm> form;
     QString title; ///< of the last message box
     QString said;
+};
+
+/// The program under a palette of light text on black, until the test ends.
+class DarkTheme {
+public:
+    DarkTheme()
+    {
+        QApplication::setPalette(QPalette(Qt::white, Qt::black, Qt::gray, Qt::black, Qt::darkGray, Qt::white, Qt::white,
+                                          Qt::black, Qt::black));
+    }
+    ~DarkTheme() { QApplication::setPalette(m_before); }
+    DarkTheme(const DarkTheme&) = delete;
+    DarkTheme& operator=(const DarkTheme&) = delete;
+
+private:
+    QPalette m_before = QApplication::palette();
 };
 
 /// The colour of a device-independent pixel.

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "desk.h"
 
-#include <QApplication>
-#include <QPalette>
 #include <QRegularExpression>
 #include <QScrollBar>
 
@@ -60,22 +58,6 @@ private:
     }
 
     std::array<QImage, 2> m_drawn;
-};
-
-/// The program under a palette of light text on black, until the test ends.
-class DarkTheme {
-public:
-    DarkTheme()
-    {
-        QApplication::setPalette(QPalette(Qt::white, Qt::black, Qt::gray, Qt::black, Qt::darkGray, Qt::white, Qt::white,
-                                          Qt::black, Qt::black));
-    }
-    ~DarkTheme() { QApplication::setPalette(m_before); }
-    DarkTheme(const DarkTheme&) = delete;
-    DarkTheme& operator=(const DarkTheme&) = delete;
-
-private:
-    QPalette m_before = QApplication::palette();
 };
 
 const QColor kGround = QColor(PlotSurface::kBackground);
