@@ -6,8 +6,10 @@
 #include <QDialog>
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
+#include <string_view>
 #include <tuple>
 
 namespace tarvelint::test {
@@ -75,6 +77,11 @@ QStringList controlsThatAreOff(const Desk& desk)
     for (const ControlRow& row : controlTable())
         if (!desk.find(row.name)->isEnabled()) names.append(QString::fromLatin1(row.name));
     return names;
+}
+
+Control controlCalled(std::string_view name)
+{
+    return std::ranges::find(controlTable(), name, &ControlRow::name)->control;
 }
 
 QStringList words(const char* text)
@@ -242,6 +249,52 @@ private Q_SLOTS:
             QVERIFY2(desk.plot(index) != before[std::size_t(index)], box);
             QVERIFY2(desk.plot(other) == before[std::size_t(other)], box);
         }
+    }
+
+    void keysThatChangeNoTextLeaveAutoOn()
+    {
+        SensorDesk desk;
+        for (const char* name : {"maxLabel0", "minLabel0", "maxLabel1", "minLabel1"}) {
+            auto* box = desk.find<QLineEdit>(name);
+            for (const auto key : {Qt::Key_Tab, Qt::Key_Backtab, Qt::Key_Left, Qt::Key_Right, Qt::Key_Home, Qt::Key_End,
+                                   Qt::Key_Up, Qt::Key_Down, Qt::Key_Escape, Qt::Key_Shift})
+                QTest::keyClick(box, key);
+            for (const auto key : {Qt::Key_A, Qt::Key_C}) QTest::keyClick(box, key, Qt::ControlModifier);
+            QTest::keyClick(box, Qt::Key_Left, Qt::ShiftModifier);
+            for (const char* both : {"scaleBox0", "scaleBox1"}) QVERIFY2(desk.find<QCheckBox>(both)->isChecked(), name);
+        }
+    }
+
+    void enterAndDeletingTurnAutoOffAlsoInAnEmptyBox()
+    {
+        for (const auto& [name, automatic] : {std::pair("maxLabel0", "scaleBox0"),
+                                              {"minLabel0", "scaleBox0"},
+                                              {"maxLabel1", "scaleBox1"},
+                                              {"minLabel1", "scaleBox1"}})
+            for (const auto key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Backspace, Qt::Key_Delete}) {
+                SensorDesk desk;
+                auto* box = desk.find<QLineEdit>(name);
+                desk.command([&, control = controlCalled(name)] { desk.core().setText(control, {}); });
+                QVERIFY(desk.find<QCheckBox>(automatic)->isChecked());
+                QTest::keyClick(box, key);
+                QVERIFY2(!desk.find<QCheckBox>(automatic)->isChecked(), name);
+            }
+    }
+
+    void cutAndPasteTurnAutoOff()
+    {
+        SensorDesk desk;
+        auto* box = desk.find<QLineEdit>("maxLabel1");
+        box->selectAll();
+        QTest::keyClick(box, Qt::Key_C, Qt::ControlModifier);
+        QVERIFY(desk.find<QCheckBox>("scaleBox1")->isChecked());
+        QTest::keyClick(box, Qt::Key_V, Qt::ControlModifier); // the same text over itself
+        QVERIFY(!desk.find<QCheckBox>("scaleBox1")->isChecked());
+        desk.tick("scaleBox1");
+        box->selectAll();
+        QTest::keyClick(box, Qt::Key_X, Qt::ControlModifier);
+        QVERIFY(box->text().isEmpty());
+        QVERIFY(!desk.find<QCheckBox>("scaleBox1")->isChecked());
     }
 
     void autoOfTheCompanionGivesItsRangeBack()

@@ -13,6 +13,8 @@
 #include <QScrollBar>
 #include <QWindowStateChangeEvent>
 
+#include <algorithm>
+#include <array>
 #include <utility>
 
 namespace tarvelint {
@@ -245,13 +247,15 @@ bool FrmMain::takeKey(const QLineEdit& box, const QKeyEvent& key)
         m_toolkit.focus(Control::Picture1_0);
         return true;
     }
-    if (!key.text().isEmpty()) keyInBox(box);
+    // What changes the text tells so itself. These count even where there is nothing to change, unlike Tab and Ctrl+C,
+    // whose events carry a text too.
+    constexpr std::array kTyping{Qt::Key_Return, Qt::Key_Enter, Qt::Key_Backspace, Qt::Key_Delete};
+    if (std::ranges::find(kTyping, key.key()) != kTyping.end()) keyInBox(box);
     return false;
 }
 
 void FrmMain::keyInBox(const QLineEdit& box)
 {
-    // A key that changes no text (Enter, Backspace in an empty box) counts as typing too.
     for (int index = 0; index < 2; ++index) {
         if (&box == m_form.controls().widget(element(Control::maxLabel0, index)))
             command([&] { m_core.cues.maxLabel_KeyPress(index); });
