@@ -5,6 +5,7 @@
 #include <QAction>
 #include <QDialog>
 #include <QRegularExpression>
+#include <QWheelEvent>
 
 #include <algorithm>
 #include <array>
@@ -77,6 +78,15 @@ QStringList controlsThatAreOff(const Desk& desk)
     for (const ControlRow& row : controlTable())
         if (!desk.find(row.name)->isEnabled()) names.append(QString::fromLatin1(row.name));
     return names;
+}
+
+/// One notch of the wheel, 120 away from the hand.
+void turnWheel(QWidget& under, int angle)
+{
+    const QPointF at = under.rect().center();
+    QWheelEvent wheel(at, under.mapToGlobal(at), {}, {0, angle}, Qt::NoButton, Qt::NoModifier, Qt::NoScrollPhase,
+                      false);
+    QCoreApplication::sendEvent(&under, &wheel);
 }
 
 Control controlCalled(std::string_view name)
@@ -309,6 +319,18 @@ private Q_SLOTS:
         QCOMPARE(desk.plot(1), fitted);
         desk.tick("scaleBox1");
         QVERIFY(!desk.core().isChecked(Control::scaleBox1));
+    }
+
+    void theWheelOverAClosedColumnListChangesNothing()
+    {
+        for (const char* name : {"varList0", "varList1"}) {
+            SensorDesk desk;
+            auto* list = desk.find<QComboBox>(name);
+            for (const int away : {120, -120, -120}) {
+                turnWheel(*list, away);
+                QCOMPARE(list->currentIndex(), int(kS1));
+            }
+        }
     }
 
     void theSideOfTheBaselineIsKeptAtClosing()

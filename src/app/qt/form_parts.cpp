@@ -5,6 +5,7 @@
 #include <QPainter>
 #include <QStyle>
 #include <QVBoxLayout>
+#include <QWheelEvent>
 
 namespace tarvelint {
 
@@ -15,6 +16,11 @@ void ElidedLabel::paintEvent(QPaintEvent*)
     style()->drawItemText(&painter, rect(), static_cast<int>(alignment()), palette(), isEnabled(), shown,
                           foregroundRole());
     setToolTip(shown == text() ? QString() : QStringLiteral("<qt>%1</qt>").arg(text().toHtmlEscaped()));
+}
+
+void CalmList::wheelEvent(QWheelEvent* event)
+{
+    event->ignore(); // for what lies around it
 }
 
 void PlotGrid::setGeometry(const QRect& place)

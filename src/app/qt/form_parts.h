@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QComboBox>
 #include <QFrame>
 #include <QGridLayout>
 #include <QLabel>
@@ -16,6 +17,16 @@ public:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
+};
+
+/// A drop-down list that the wheel does not change while it is closed: it may just lie under the pointer.
+class CalmList : public QComboBox {
+    Q_OBJECT
+public:
+    using QComboBox::QComboBox;
+
+protected:
+    void wheelEvent(QWheelEvent* event) override;
 };
 
 /// The two plots and the bar below them. Both plots are equally high: an odd pixel stays free.

@@ -300,7 +300,7 @@ QLineEdit* MainForm::addBox(Control control)
 QComboBox* MainForm::addList(int index)
 {
     const auto i = static_cast<std::size_t>(index);
-    auto* list = new QComboBox;
+    auto* list = new CalmList;
     m_listModels[i] = new ColumnListModel(list);
     list->setModel(m_listModels[i]);
     list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
