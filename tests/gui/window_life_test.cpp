@@ -150,6 +150,38 @@ private Q_SLOTS:
         QCOMPARE(desk.settings.values["MainHeight"], std::string("18000"));
     }
 
+    void aMinimisedWindowStoresNoGeometryThoughItsQuestionBringsItBack()
+    {
+        Desk desk;
+        desk.core().data.saveCheck = false;
+        desk.form->setWindowState(Qt::WindowMinimized);
+        desk.settings.values.clear();
+        bool wasSeen = false;
+        desk.onBox([&](QMessageBox& box) {
+            wasSeen = !desk.form->isMinimized();
+            QTest::mouseClick(box.button(QMessageBox::Cancel), Qt::LeftButton);
+        });
+        QVERIFY(!desk.form->close());
+        QVERIFY(wasSeen);
+        QVERIFY(desk.settings.values.contains("ZoomFactor")); // the settings are written, the window stays
+        QVERIFY(!desk.settings.values.contains("MainLeft"));
+        QVERIFY(!desk.form->isMinimized());
+        desk.answer(QMessageBox::No); // and by now it is not minimised
+        QVERIFY(desk.form->close());
+        QVERIFY(desk.settings.values.contains("MainLeft"));
+    }
+
+    void aMaximisedWindowIsMaximisedAgainWhenAQuestionBringsItBack()
+    {
+        Desk desk;
+        desk.core().data.saveCheck = false;
+        desk.form->setWindowState(Qt::WindowMaximized | Qt::WindowMinimized);
+        desk.answer(QMessageBox::Cancel);
+        QVERIFY(!desk.form->close());
+        QVERIFY(desk.form->isMaximized());
+        QVERIFY(!desk.form->isMinimized());
+    }
+
     void exitCancelsTheQuestionOfAnotherWindow()
     {
         Desk desk;

@@ -203,6 +203,7 @@ void FrmMain::closeEvent(QCloseEvent& event)
     if (isBusy()) return closeLater();
     bool stays = true;
     const QScopedValueRollback closing(m_closing, true);
+    const auto minimised = m_toolkit.holdMinimised();
     command([&] {
         bool cancel = false;
         m_core.lifecycle.Form_QueryUnload(cancel);

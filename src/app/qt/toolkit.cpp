@@ -134,7 +134,8 @@ void QtToolkit::beep()
 Answer QtToolkit::messageBox(const Message& message)
 {
     QWidget* over = &m_frmMain.form();
-    if (over->isMinimized()) over->showNormal(); // nobody sees a question over a minimised window
+    // Nobody sees a question over a minimised window.
+    if (over->isMinimized()) over->setWindowState(over->windowState() & ~Qt::WindowMinimized);
     if (m_columnSetup && m_columnSetup->isVisible()) over = m_columnSetup;
     ++m_questions;
     const Answer answer = askInBox(*over, message);
@@ -238,7 +239,12 @@ void QtToolkit::setGeometry(const Geometry& geometry)
 
 bool QtToolkit::isMinimised() const
 {
-    return m_frmMain.form().isMinimized();
+    return m_minimisedBefore.value_or(m_frmMain.form().isMinimized());
+}
+
+QScopedValueRollback<std::optional<bool>> QtToolkit::holdMinimised()
+{
+    return QScopedValueRollback(m_minimisedBefore, std::optional(isMinimised()));
 }
 
 Geometry QtToolkit::screen() const

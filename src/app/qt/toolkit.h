@@ -4,6 +4,7 @@
 #include "window/ui.h"
 
 #include <QPointer>
+#include <QScopedValueRollback>
 
 #include <array>
 #include <functional>
@@ -38,6 +39,8 @@ public:
     void cancelQuestions();
     /// Cancels the column setup dialog, which may block the window.
     void cancelColumnSetup();
+    /// Until the result goes, `isMinimised` answers what holds now: a question brings a minimised window back.
+    [[nodiscard]] QScopedValueRollback<std::optional<bool>> holdMinimised();
 
     void changed(Control control) override;
     void listChanged(int index) override;
@@ -71,6 +74,7 @@ private:
     QPointer<ColumnSetupDialog> m_columnSetup;
     QPointer<SaveContentsDialog> m_saveContents;
     std::array<bool, 2> m_listStale{};
+    std::optional<bool> m_minimisedBefore;
     int m_questions = 0;
 };
 
