@@ -11,6 +11,7 @@
 #include <QLineEdit>
 #include <QScopedValueRollback>
 #include <QScrollBar>
+#include <QWindow>
 #include <QWindowStateChangeEvent>
 
 #include <algorithm>
@@ -195,6 +196,13 @@ void FrmMain::closeWhenUnwound()
     QMetaObject::invokeMethod(&m_form, &QWidget::close, Qt::QueuedConnection);
 }
 
+void FrmMain::firstPaint()
+{
+    connect(m_form.windowHandle(), &QWindow::screenChanged, this, [this] { m_toolkit.keepLeastSize(); });
+    QMetaObject::invokeMethod(
+        this, [this] { m_toolkit.comeOntoTheScreen(); }, Qt::QueuedConnection);
+}
+
 void FrmMain::closeEvent(QCloseEvent& event)
 {
     if (m_closed) return; // asked once more while it waits to be destroyed
@@ -224,6 +232,9 @@ bool FrmMain::eventFilter(QObject* watched, QEvent* event)
         return true;
     case QEvent::Show:
         if (watched == &m_form) redrawBoth();
+        break;
+    case QEvent::Paint:
+        if (watched == &m_form && m_form.isVisible() && !std::exchange(m_painted, true)) firstPaint();
         break;
     case QEvent::WindowStateChange: {
         const bool wasMinimised =

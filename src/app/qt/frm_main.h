@@ -54,6 +54,7 @@ private:
     void record(const std::function<void()>& body);
     void redrawBoth();
     [[nodiscard]] bool isBusy() const { return m_core.boundary.isBusy() || m_toolkit.isAsking(); }
+    void firstPaint();
     void closeEvent(QCloseEvent& event);
     void closeLater();
     void closeWhenUnwound();
@@ -63,6 +64,7 @@ private:
     MainWindow m_core;
     MainForm m_form;
     WindowList& m_windows;
+    bool m_painted = false;
     bool m_closeAsked = false;
     bool m_closing = false; ///< the close handling runs
     bool m_closed = false;

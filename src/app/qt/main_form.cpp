@@ -23,8 +23,6 @@ namespace tarvelint {
 
 namespace {
 
-// 7800 x 6650 twips, rounded up.
-constexpr QSize kSmallest(520, 444);
 constexpr int kGap = 6;
 constexpr int kRowGap = 2;
 /// As wide as a reading gets before it is unusual: what boxes and value labels are made for.
@@ -54,7 +52,6 @@ QLabel* caption(const char* text, QWidget* buddy)
 MainForm::MainForm(const StringTable& table)
 {
     setObjectName(QStringLiteral("frmMain"));
-    setMinimumSize(kSmallest);
     setContextMenuPolicy(Qt::NoContextMenu); // the bars are the View menu's business
     const MenuActions menus = buildMenus(*this, table);
     m_controls.addEntries(menus.actions);

@@ -5,6 +5,7 @@
 #include "app/qt/message_box.h"
 #include "app/qt/plot_area.h"
 #include "app/qt/window_list.h"
+#include "app/qt/window_place.h"
 #include "dialogs/column_setup_dialog.h"
 #include "dialogs/file_dialogs.h"
 #include "dialogs/save_contents_dialog.h"
@@ -15,6 +16,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <vector>
 
 namespace tarvelint {
 
@@ -47,18 +49,16 @@ Qt::CursorShape cursorShape(Pointer pointer)
     return Qt::ArrowCursor;
 }
 
-/// `place` as it is where a screen shows some of it, else moved onto the first screen.
-QRect ontoAScreen(QRect place)
+QRect freeAreaAt(const QRect& place)
 {
-    const auto screens = QGuiApplication::screens();
-    const bool shown = std::any_of(screens.begin(), screens.end(), [&](const QScreen* screen) {
-        return screen->availableGeometry().intersects(place);
-    });
-    if (shown || screens.isEmpty()) return place;
-    const QRect free = screens.first()->availableGeometry();
-    place.moveLeft(std::clamp(place.left(), free.left(), std::max(free.left(), free.right() + 1 - place.width())));
-    place.moveTop(std::clamp(place.top(), free.top(), std::max(free.top(), free.bottom() + 1 - place.height())));
-    return place;
+    std::vector<QRect> free;
+    for (const QScreen* screen : QGuiApplication::screens()) free.push_back(screen->availableGeometry());
+    return areaOf(free, place);
+}
+
+QSize frameOf(const QWidget& window)
+{
+    return window.frameGeometry().size() - window.size();
 }
 
 } // namespace
@@ -228,13 +228,31 @@ Geometry QtToolkit::geometry() const
 
 void QtToolkit::setGeometry(const Geometry& geometry)
 {
+    const QSize size = QSize(pixels(geometry.width), pixels(geometry.height)) + frameOf(m_frmMain.form());
+    placeWithFrame({QPoint(pixels(geometry.left), pixels(geometry.top)), size});
+}
+
+void QtToolkit::comeOntoTheScreen()
+{
+    const MainForm& form = m_frmMain.form();
+    if (form.windowState() == Qt::WindowNoState) placeWithFrame(form.frameGeometry());
+}
+
+void QtToolkit::placeWithFrame(const QRect& wanted)
+{
     MainForm& form = m_frmMain.form();
-    const QSize largest = form.screen()->virtualSize().expandedTo(form.minimumSize());
-    const QSize size =
-        QSize(pixels(geometry.width), pixels(geometry.height)).expandedTo(form.minimumSize()).boundedTo(largest);
-    const QRect place = ontoAScreen({QPoint(pixels(geometry.left), pixels(geometry.top)), size});
+    const QRect free = freeAreaAt(wanted);
+    const QSize frame = frameOf(form);
+    form.setMinimumSize(leastSize(free.size() - frame));
+    const QRect place = placedIn(free, wanted, form.minimumSize() + frame);
     form.move(place.topLeft());
-    form.resize(place.size());
+    form.resize(place.size() - frame);
+}
+
+void QtToolkit::keepLeastSize()
+{
+    MainForm& form = m_frmMain.form();
+    form.setMinimumSize(leastSize(form.screen()->availableSize() - frameOf(form)));
 }
 
 bool QtToolkit::isMinimised() const

@@ -10,6 +10,7 @@
 #include <functional>
 #include <optional>
 
+class QRect;
 class QWidget;
 
 namespace tarvelint {
@@ -41,6 +42,10 @@ public:
     void cancelColumnSetup();
     /// Until the result goes, `isMinimised` answers what holds now: a question brings a minimised window back.
     [[nodiscard]] QScopedValueRollback<std::optional<bool>> holdMinimised();
+    /// Moves the window with its frame wholly onto the screen. The frame is known only once the window is there.
+    void comeOntoTheScreen();
+    /// Fits the least size of the window to the screen it is on now.
+    void keepLeastSize();
 
     void changed(Control control) override;
     void listChanged(int index) override;
@@ -68,6 +73,7 @@ public:
 
 private:
     void showList(int index);
+    void placeWithFrame(const QRect& wanted);
 
     FrmMain& m_frmMain;
     WindowList& m_windows;
