@@ -10,9 +10,9 @@ log=$root/build/log/packages.log
 
 packages_of() {
     case $1 in
-    build) echo g++ cmake ninja-build libcli11-dev qt6-base-dev ;;
+    build) echo g++ cmake ninja-build libcli11-dev qt6-base-dev qt6-svg-dev ;;
     # A window needs letters: Qt brings no font. Its xcb platform plug-in comes with its Gui library.
-    run) echo libqt6widgets6 fonts-dejavu-core ;;
+    run) echo libqt6widgets6 libqt6svg6 fonts-dejavu-core ;;
     # Only for a session that offers no X server beside Wayland.
     wayland) echo qt6-wayland ;;
     test)

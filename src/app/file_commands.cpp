@@ -3,7 +3,7 @@
 
 #include "app/application.h"
 #include "app/captions.h"
-#include "app/data_commands.h"
+#include "app/command_table.h"
 #include "app/window_progress.h"
 #include "data/numbers.h"
 #include "edit/undo.h"
@@ -135,7 +135,7 @@ void FileCommands::resetForNewRecord()
 
 void FileCommands::enableForWork()
 {
-    for (const Control control : kDataCommands) m_window.setEnabled(control, true);
+    for (const Control control : controlsThatNeed(Needs::record)) m_window.setEnabled(control, true);
     Scrolling scrolling(m_window);
     scrolling.showZoomEntries();
     m_window.view.HScroll1.Min = 0;

@@ -2,27 +2,19 @@
 #include "app/lifecycle.h"
 
 #include "app/captions.h"
-#include "app/data_commands.h"
+#include "app/command_table.h"
 #include "data/file_format.h"
 #include "data/settings_store.h"
 
 namespace tarvelint {
-
-namespace {
-
-/// Off until a record is there, like the data commands; what puts them on is not the load alone.
-constexpr Control kOffAtFirst[] = {Control::mnuEditUndo, Control::mnuViewZoomIn, Control::mnuViewZoomOut,
-                                   Control::Picture1_1, Control::refBox};
-
-} // namespace
 
 void Lifecycle::Form_Load()
 {
     applySettings();
     m_window.view.curLayer = kUnconverted;
     m_window.data.saveCheck = true;
-    for (const Control control : kDataCommands) m_window.setEnabled(control, false);
-    for (const Control control : kOffAtFirst) m_window.setEnabled(control, false);
+    for (const Needs needs : {Needs::record, Needs::more})
+        for (const Control control : controlsThatNeed(needs)) m_window.setEnabled(control, false);
     for (const Control box : {Control::scaleBox0, Control::scaleBox1, Control::labelBox, Control::mnuViewToolbar,
                               Control::mnuViewStatusBar})
         m_window.setChecked(box, true);

@@ -177,8 +177,10 @@ TEST_F(BatchProgram, theMeasuredRecordsGoThrough)
     EXPECT_EQ(content("stdout").rfind("dV_N13: ", 0), 0U) << content("stdout");
     ASSERT_EQ(run((data / "spruce_15min_2013.csv").string() + " -o " + path("b.csv") + " --vpd-column 4"), 0);
     EXPECT_NE(content("b.csv").find(",5 columns,35039 rows each,"), std::string::npos);
-    ASSERT_EQ(run((data / "hourly_2014_no_weather.csv").string() + " -o " + path("c.csv") + " --vpd-column 4"), 0);
-    EXPECT_EQ(content("stdout"), "dT_c1: 0 points, 0 rows converted, 166 rows missing\n");
+    ASSERT_EQ(run((data / "hourly_2014_no_weather.csv").string() + " -o " + path("c.csv") + " --vpd-column 4"), 1);
+    EXPECT_EQ(content("stdout"), "dT_c1: 0 points, 0 rows converted, 735 readings left unconverted, 166 rows missing\n");
+    EXPECT_NE(content("stderr").find("the lowest VPD is missing throughout"), std::string::npos) << content("stderr");
+    EXPECT_NE(content("c.csv").find("901 rows each"), std::string::npos);
 }
 
 } // namespace

@@ -281,7 +281,7 @@ private Q_SLOTS:
         desk.chooseFirstSensor(1);
         const std::array before{desk.plot(0), desk.plot(1)};
         desk.form->setWindowState(Qt::WindowMinimized);
-        for (int index = 0; index < 2; ++index) desk.form->surface(index).erase();
+        for (int index = 0; index < 2; ++index) desk.toolkit().surface(index).erase();
         QVERIFY(desk.plot(0) != before[0]);
         desk.form->setWindowState(Qt::WindowNoState);
         QCOMPARE(desk.plot(0), before[0]);
@@ -365,7 +365,7 @@ private Q_SLOTS:
         desk.openSample();
         desk.chooseFirstSensor();
         const QImage drawn = desk.plot(0);
-        desk.form->surface(0).erase();
+        desk.toolkit().surface(0).erase();
         QVERIFY(!anywhere(desk.plot(0), Qt::black));
         auto* list = desk.find<QComboBox>("varList0");
         list->showPopup();

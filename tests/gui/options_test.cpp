@@ -51,7 +51,7 @@ void selectBadEquation(Desk& desk)
     Engine& core = desk.core();
     core.view.selStart = 10;
     core.view.selEnd = 20;
-    desk.form->command([&] { core.setText(Control::FormulaBox, "X/(B-B)"); });
+    desk.command([&] { core.setText(Control::FormulaBox, "X/(B-B)"); });
 }
 
 } // namespace
@@ -167,7 +167,7 @@ private Q_SLOTS:
         Desk desk;
         desk.openSample();
         FrmMain& other = desk.windows.create();
-        other.show();
+        other.form().show();
         desk.click("eqButton");
         QTest::keyClicks(in(openDialog(), "eqBox"), QStringLiteral("X/B"));
         typeInto(openDialog(), "dateBox", "7");
@@ -175,7 +175,7 @@ private Q_SLOTS:
         press(openDialog(), "cmdApplyAll");
         QVERIFY(!openDialog());
         QCOMPARE(desk.text("FormulaBox"), QStringLiteral("X/B"));
-        QCOMPARE(other.findChild<QLabel*>(QStringLiteral("FormulaBox"))->text(), QStringLiteral("X/B"));
+        QCOMPARE(other.form().findChild<QLabel*>(QStringLiteral("FormulaBox"))->text(), QStringLiteral("X/B"));
         QCOMPARE(desk.core().view.dateCol, std::int16_t{7});
         QCOMPARE(other.core().view.dateCol, std::int16_t{1});
         QVERIFY(desk.core().conversionSettings.zeroFlow.vpdLimit < 0.2F); // limits go to the store only
@@ -219,8 +219,8 @@ private Q_SLOTS:
         desk.entry("mnuToolsOptions")->trigger();
         OptionsDialog* first = openDialog();
         FrmMain& other = desk.windows.create();
-        other.show();
-        other.findChild<QAction*>(QStringLiteral("mnuToolsOptions"))->trigger();
+        other.form().show();
+        other.form().findChild<QAction*>(QStringLiteral("mnuToolsOptions"))->trigger();
         QCOMPARE(openDialog(), first);
         typeInto(first, "dateBox", "5");
         press(first, "cmdApplyCur");
@@ -228,7 +228,7 @@ private Q_SLOTS:
         QCOMPARE(desk.core().view.dateCol, std::int16_t{1});
         desk.entry("mnuToolsOptions")->trigger();
         QVERIFY(openDialog());
-        QVERIFY(other.close());
+        QVERIFY(other.form().close());
         QVERIFY(!openDialog());
     }
 
@@ -261,11 +261,11 @@ private Q_SLOTS:
     {
         Desk desk;
         FrmMain& other = desk.windows.create();
-        other.show();
+        other.form().show();
         desk.entry("mnuToolsOptions")->trigger();
         typeInto(openDialog(), "blankBox", "abc");
         desk.onBox([&](QMessageBox& box) {
-            QVERIFY(other.close());
+            QVERIFY(other.form().close());
             QTest::mouseClick(box.button(QMessageBox::Ok), Qt::LeftButton);
         });
         press(openDialog(), "cmdApplyCur");
@@ -333,7 +333,7 @@ private Q_SLOTS:
         Engine& core = desk.core();
         std::string slow = "X"; // several milliseconds a row
         for (int i = 0; i < 3000; ++i) slow += "+0";
-        desk.form->command([&] {
+        desk.command([&] {
             core.selection.mnuEditSelectAll_Click();
             core.setText(Control::FormulaBox, slow);
         });
@@ -346,7 +346,7 @@ private Q_SLOTS:
         QVERIFY(core.data.isBlank(core.data.values(kConverted, 5, 1439)) ||
                 core.data.values(kConverted, 5, 1439) != core.data.values(kUnconverted, 5, 1439)); // and did not end
         const QImage shown = desk.plot(0);
-        desk.form->command([&] { core.redraw(0, true); });
+        desk.command([&] { core.redraw(0, true); });
         QCOMPARE(shown, desk.plot(0));
     }
 
@@ -356,7 +356,7 @@ private Q_SLOTS:
         selectBadEquation(desk);
         std::string divisor = "(B-B";
         for (int i = 0; i < 8000; ++i) divisor += "+0";
-        desk.form->command([&] { desk.core().setText(Control::FormulaBox, "X/" + divisor + ")"); });
+        desk.command([&] { desk.core().setText(Control::FormulaBox, "X/" + divisor + ")"); });
         QString whole;
         int height = 0;
         desk.onBox([&](QMessageBox& box) {

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "desk.h"
 
-#include <QApplication>
-#include <QPalette>
 #include <QRegularExpression>
 #include <QScrollBar>
 
@@ -25,7 +23,7 @@ public:
         for (int row = 0; row < 3000; ++row) file << row / 48 + 1 << ',' << row % 48 << ',' << 8 + row % 5 << ",\r\n";
         file.close();
         open(path);
-        form->command([this] {
+        command([this] {
             core().chooseColumn(0, 2);
             core().chooseColumn(1, 0);
         });
@@ -36,7 +34,7 @@ public:
     void spoil()
     {
         for (int index = 0; index < 2; ++index) {
-            Surface& area = form->surface(index);
+            Surface& area = toolkit().surface(index);
             area.filledBox(0, 0, area.scaleWidth(), area.scaleHeight(), colors::kBlue);
         }
         if (isDrawn(0) || isDrawn(1)) qFatal("nothing spoilt");
@@ -60,22 +58,6 @@ private:
     }
 
     std::array<QImage, 2> m_drawn;
-};
-
-/// The program under a palette of light text on black, until the test ends.
-class DarkTheme {
-public:
-    DarkTheme()
-    {
-        QApplication::setPalette(QPalette(Qt::white, Qt::black, Qt::gray, Qt::black, Qt::darkGray, Qt::white, Qt::white,
-                                          Qt::black, Qt::black));
-    }
-    ~DarkTheme() { QApplication::setPalette(m_before); }
-    DarkTheme(const DarkTheme&) = delete;
-    DarkTheme& operator=(const DarkTheme&) = delete;
-
-private:
-    QPalette m_before = QApplication::palette();
 };
 
 const QColor kGround = QColor(PlotSurface::kBackground);
@@ -129,7 +111,7 @@ private Q_SLOTS:
         PlottedDesk desk;
         for (const int index : {0, 1}) {
             QCOMPARE(at(desk.plot(index), 9, 1), kGround); // above the highest value
-            desk.form->surface(index).erase();
+            desk.toolkit().surface(index).erase();
             QCOMPARE(at(desk.plot(index), 9, 9), kGround);
         }
     }
@@ -162,7 +144,7 @@ private Q_SLOTS:
         PlottedDesk desk;
         auto* list = desk.find<QComboBox>("varList0");
         bool wasAsked = false;
-        desk.form->askForFile = [&](QWidget*, const FileDialog&, bool) -> std::optional<ChosenFile> {
+        desk.toolkit().askForFile = [&](QWidget*, const FileDialog&, bool) -> std::optional<ChosenFile> {
             wasAsked = true;
             QTest::keyClick(list, Qt::Key_Up);
             return {};

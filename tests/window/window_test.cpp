@@ -13,10 +13,10 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 /// Status text and pointer after `showMode` with these modes.
-std::pair<std::string, Pointer> modeShown(bool lineMode, bool sloppy)
+std::pair<std::string, Pointer> modeShown(bool view.lineMode, bool sloppy)
 {
     TestWindow window;
-    window.view.lineMode = lineMode;
+    window.view.lineMode = view.lineMode;
     window.view.Sloppy = sloppy;
     window.showMode();
     return {window.text(Control::statusPanel1), window.pointer()};

@@ -10,12 +10,6 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-/// `Q_INIT_RESOURCE` works outside of namespaces only.
-static void initTarvelintResources()
-{
-    Q_INIT_RESOURCE(tarvelint);
-}
-
 namespace tarvelint {
 
 namespace {
@@ -37,20 +31,6 @@ void embolden(QLabel& label)
 }
 
 } // namespace
-
-void useProgramResources()
-{
-    initTarvelintResources();
-}
-
-QIcon programIcon()
-{
-    useProgramResources();
-    QIcon icon;
-    for (const int size : {16, 24, 32, 48, 64, 128, 256})
-        icon.addFile(QStringLiteral(":/tarvelint_%1.png").arg(size), QSize(size, size));
-    return icon;
-}
 
 FrmSplash::FrmSplash(const StringTable& table, const QString& version, QWidget* parent) : QDialog(parent)
 {
