@@ -38,7 +38,7 @@ Widget* named(Widget* widget, const char* objectName, const QString& accessibleN
 } // namespace
 
 ColumnSetupDialog::ColumnSetupDialog(ColumnSetup& setup, Command command, QWidget* parent)
-    : QDialog(parent), m_setup(setup), m_command(std::move(command))
+    : ProgramDialog(parent), m_setup(setup), m_command(std::move(command))
 {
     setObjectName(QStringLiteral("labelForm"));
     setWindowTitle(QStringLiteral("Labels"));
@@ -318,7 +318,7 @@ bool ColumnSetupDialog::eventFilter(QObject* watched, QEvent* event)
         const auto modifiers = key->modifiers() & ~Qt::KeypadModifier;
         if (modifiers == Qt::NoModifier && takeRowKey(watched, key->key())) return true;
     }
-    return QDialog::eventFilter(watched, event);
+    return ProgramDialog::eventFilter(watched, event);
 }
 
 bool ColumnSetupDialog::takeRowKey(const QObject* watched, int key)

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "dialogs/program_dialog.h"
 #include "window/column_setup.h"
-
-#include <QDialog>
 
 #include <functional>
 #include <string>
@@ -21,7 +20,7 @@ namespace tarvelint {
 
 /// `labelForm` on the screen: shows a `ColumnSetup` and sets what the user changes; every rule is the set-up's. A file
 /// may have 32,767 columns, so there are widgets for the rows in view only, and paging gives them other columns.
-class ColumnSetupDialog : public QDialog {
+class ColumnSetupDialog : public ProgramDialog {
     Q_OBJECT
 
 public:

@@ -24,7 +24,8 @@ QPushButton* addButton(QBoxLayout& row, const char* name, const char* caption)
 
 } // namespace
 
-SaveContentsDialog::SaveContentsDialog(SaveContents& contents, QWidget* parent) : QDialog(parent), m_contents(contents)
+SaveContentsDialog::SaveContentsDialog(SaveContents& contents, QWidget* parent)
+    : ProgramDialog(parent), m_contents(contents)
 {
     setObjectName(QStringLiteral("FileTypeFrm"));
     setWindowTitle(QStringLiteral("Save:"));

@@ -52,7 +52,7 @@ QIcon programIcon()
     return icon;
 }
 
-FrmSplash::FrmSplash(const StringTable& table, const QString& version, QWidget* parent) : QDialog(parent)
+FrmSplash::FrmSplash(const StringTable& table, const QString& version, QWidget* parent) : ProgramDialog(parent)
 {
     setObjectName(QStringLiteral("frmSplash"));
     setWindowTitle(QString::fromUtf8(kTitle.data(), static_cast<qsizetype>(kTitle.size())));

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "app/string_table.h"
+#include "dialogs/program_dialog.h"
 
-#include <QDialog>
 #include <QIcon>
 #include <QList>
 #include <QString>
@@ -24,7 +24,7 @@ void useProgramResources();
 
 /// The window shown at start-up until its button is pressed, and again as the about box. Texts that the
 /// organisation left out take no room.
-class FrmSplash : public QDialog {
+class FrmSplash : public ProgramDialog {
     Q_OBJECT
 
 public:
