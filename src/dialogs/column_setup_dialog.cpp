@@ -305,6 +305,12 @@ bool ColumnSetupDialog::focusNextPrevChild(bool next)
             return true;
         }
     }
+    // In the chain of widgets the rows in view would follow, wherever the bar stands.
+    const bool fromOutside = next ? widget == m_OKButton : widget == m_saveBox;
+    if (fromOutside && m_setup.rows() > 0) {
+        goTo(next ? 1 : m_setup.rows(), !next);
+        return true;
+    }
     return QDialog::focusNextPrevChild(next);
 }
 

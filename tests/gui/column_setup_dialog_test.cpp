@@ -140,6 +140,39 @@ private Q_SLOTS:
         QCOMPARE(visited, QStringLiteral("saveBox turboCheck CancelButton OKButton "));
     }
 
+    void tabComesToRowOneAndBackToTheLastWhereverTheBarStands()
+    {
+        SetupBench bench(24);
+        bench.show();
+        bench.bar()->setValue(9);
+        auto* ok = bench.child<QPushButton>(QStringLiteral("OKButton"));
+        ok->setFocus();
+        QTest::keyClick(ok, Qt::Key_Tab);
+        QVERIFY(bench.labelBox(1) != nullptr && bench.labelBox(1)->hasFocus());
+        QTest::keyClick(bench.labelBox(1), Qt::Key_Backtab, Qt::ShiftModifier);
+        QVERIFY(ok->hasFocus());
+        bench.saveBox()->setFocus();
+        QTest::keyClick(bench.saveBox(), Qt::Key_Backtab, Qt::ShiftModifier);
+        QVERIFY(bench.checkBox(24) != nullptr && bench.checkBox(24)->hasFocus());
+        QTest::keyClick(bench.checkBox(24), Qt::Key_Tab);
+        QVERIFY(bench.saveBox()->hasFocus());
+    }
+
+    void tabGoesThroughTheParameterBoxesWhileTheyTakeInput()
+    {
+        SetupBench bench(2);
+        bench.setup().boxes.turboCheck = true;
+        bench.show();
+        auto* turbo = bench.child<QCheckBox>(QStringLiteral("turboCheck"));
+        turbo->setFocus();
+        QString visited;
+        for (int i = 0; i < 6; ++i) {
+            QTest::keyClick(bench.dialog->focusWidget(), Qt::Key_Tab);
+            visited += bench.dialog->focusWidget()->objectName() + QLatin1Char(' ');
+        }
+        QCOMPARE(visited, QStringLiteral("vpdBox parBox VPDlBox PARlBox timeBox CancelButton "));
+    }
+
     void pageDownGoesFifteenRowsOn()
     {
         SetupBench bench(40);
