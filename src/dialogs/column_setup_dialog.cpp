@@ -190,10 +190,12 @@ void ColumnSetupDialog::setTabOrders()
 
 void ColumnSetupDialog::showFor(bool blocking)
 {
+    if (isHidden()) { // else the rows hold what the user has made of the labels
+        m_originals.clear();
+        for (int i = 1; i <= m_setup.rows(); ++i) m_originals.push_back(m_setup.labelBox(i));
+    }
     hide(); // a window cannot change its modality while it is shown
     setWindowModality(blocking ? Qt::WindowModal : Qt::NonModal);
-    m_originals.clear();
-    for (int i = 1; i <= m_setup.rows(); ++i) m_originals.push_back(m_setup.labelBox(i));
     showBoxes();
     setScrollBar();
     resize(layout()->totalSizeHint()); // adjustSize() would stop at two thirds of the screen

@@ -335,6 +335,24 @@ private Q_SLOTS:
         QCOMPARE(bench.window.data.labels.at(0), kLatin1);
         QCOMPARE(bench.window.data.labels.at(1), kLatin1 + "x");
     }
+
+    void openingItOnceMoreWhileItIsOpenKeepsTheOriginalBytes()
+    {
+        SetupBench bench(3);
+        bench.window.data.labels.at(0) = kLatin1;
+        bench.setup().CancelButton_Click();
+        bench.setup().Form_Show();
+        bench.show();
+        QTest::keyClick(bench.labelBox(1), Qt::Key_End);
+        bench.labelBox(1)->insert(QString::fromUtf8("\u03b1")); // Greek is not in the label's encoding
+        bench.setup().Form_Show();
+        bench.dialog->showFor(false);
+        QCOMPARE(bench.labelBox(1)->text(), QString::fromUtf8("Temp\u00e9rature\u03b1"));
+        QTest::keyClick(bench.labelBox(1), Qt::Key_End);
+        QTest::keyClick(bench.labelBox(1), Qt::Key_Backspace);
+        bench.press(QStringLiteral("OKButton"));
+        QCOMPARE(bench.window.data.labels.at(0), kLatin1);
+    }
 };
 
 } // namespace tarvelint::test
