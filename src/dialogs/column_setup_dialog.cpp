@@ -346,6 +346,11 @@ bool ColumnSetupDialog::takeRowKey(const QObject* watched, int key)
 
 void ColumnSetupDialog::labelEdited(const Row& row, const QString& text)
 {
+    if (const QString shown = blanksForControls(text); shown != text) { // pasted or dropped
+        const int cursor = row.labelBox->cursorPosition();
+        row.labelBox->setText(shown);
+        return row.labelBox->setCursorPosition(cursor);
+    }
     m_setup.setLabelBox(row.row1, labelFromScreen(text, m_originals.at(static_cast<std::size_t>(row.row1 - 1))));
 }
 

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "setup_bench.h"
 
+#include <QClipboard>
 #include <QGroupBox>
 #include <QLabel>
 
@@ -352,6 +353,35 @@ private Q_SLOTS:
         QTest::keyClick(bench.labelBox(1), Qt::Key_Backspace);
         bench.press(QStringLiteral("OKButton"));
         QCOMPARE(bench.window.data.labels.at(0), kLatin1);
+    }
+
+    void pastedLineEndsAndControlCharactersBecomeBlanksInTheBoxAndInTheLabel()
+    {
+        SetupBench bench(2);
+        bench.show();
+        QApplication::clipboard()->setText(QStringLiteral("PAR\r\nsum\t1") + QChar(u'\0') + QChar(0x2028));
+        QLineEdit* box = bench.labelBox(1);
+        QTest::keyClick(box, Qt::Key_Home);
+        QTest::keyClick(box, Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(box->text(), QStringLiteral("PAR  sum 1  a1"));
+        QCOMPARE(box->cursorPosition(), 12); // behind what was pasted
+        bench.press(QStringLiteral("OKButton"));
+        QCOMPARE(bench.window.data.labels.at(0), std::string("PAR  sum 1  a1"));
+    }
+
+    void aControlCharacterOfTheFileStaysInALabelThatIsNotEdited()
+    {
+        SetupBench bench(2);
+        bench.window.data.labels.at(0) = "PAR\x01sum";
+        bench.setup().CancelButton_Click();
+        bench.setup().Form_Show();
+        bench.show();
+        QCOMPARE(bench.labelBox(1)->text(), QStringLiteral("PAR sum"));
+        QTest::keyClick(bench.labelBox(1), Qt::Key_End); // typed and taken back
+        QTest::keyClicks(bench.labelBox(1), QStringLiteral("x"));
+        QTest::keyClick(bench.labelBox(1), Qt::Key_Backspace);
+        bench.press(QStringLiteral("OKButton"));
+        QCOMPARE(bench.window.data.labels.at(0), std::string("PAR\x01sum"));
     }
 };
 
