@@ -117,6 +117,10 @@ private Q_SLOTS:
         QVERIFY(file.open(QIODevice::ReadOnly));
         const StringTable table = tableWith(file.readAll().constData());
         for (const int number : {1042, 1043, 1046, 1047, 1049}) QVERIFY(!table.find(number).value_or("").empty());
+        const QRegularExpression placeholder(QStringLiteral("@|example|\\byour?\\b|name here|to be"),
+                                             QRegularExpression::CaseInsensitiveOption);
+        for (const int number : {1042, 1043, 1046, 1047, 1049}) // they read as finished, whoever deploys it
+            QVERIFY(!QString::fromStdString(table.find(number).value_or("")).contains(placeholder));
         for (const int size : {16, 24, 32, 48, 64, 128, 256})
             QVERIFY(programIcon().availableSizes().contains(QSize(size, size)));
     }
