@@ -48,10 +48,12 @@ ColumnSetupDialog::ColumnSetupDialog(ColumnSetup& setup, Command command, QWidge
     rows->setSpacing(2);
     rows->addWidget(m_formPicture, 1);
     rows->addWidget(m_VScroll1);
-    auto* across = new QHBoxLayout(this);
-    across->setSpacing(16);
-    across->addLayout(rows, 2);
-    across->addWidget(buildChoices(), 3);
+    auto* contents = new QWidget;
+    m_across = new QHBoxLayout(contents);
+    m_across->setSpacing(16);
+    m_across->addLayout(rows, 2);
+    m_across->addWidget(buildChoices(), 3);
+    setParts(contents, buildButtons());
     m_OKButton->setDefault(true); // once it is in the dialog: before, the first button would be the default
     setTabOrders();
 }
@@ -126,8 +128,6 @@ QWidget* ColumnSetupDialog::buildChoices()
     down->addWidget(m_saveBox);
     down->addWidget(m_turboCheck);
     down->addWidget(m_paramFrame);
-    down->addSpacing(6);
-    down->addLayout(buildButtons());
     return choices;
 }
 
@@ -198,8 +198,10 @@ void ColumnSetupDialog::showFor(bool blocking)
     setWindowModality(blocking ? Qt::WindowModal : Qt::NonModal);
     showBoxes();
     setScrollBar();
-    resize(layout()->totalSizeHint()); // adjustSize() would stop at two thirds of the screen
-    setAttribute(Qt::WA_Moved, false); // placed over its window anew at each showing
+    m_across->setDirection(QBoxLayout::LeftToRight);
+    if (layout()->contentsMargins().left() * 2 + m_across->totalSizeHint().width() > freeSize().width())
+        m_across->setDirection(QBoxLayout::TopToBottom); // so that it scrolls one way only
+    setAttribute(Qt::WA_Moved, false);                   // placed over its window anew at each showing
     show();
     if (m_setup.rows() > 0) goTo(1, false);
 }

@@ -80,7 +80,8 @@ private:
     std::vector<std::string> m_originals; ///< labels as the dialog opened, which unedited text gives back
     std::vector<Row> m_rows;
     std::vector<ParameterBox> m_parameterBoxes;
-    double m_pixelsPerUnit = 1; ///< rows lie `ColumnSetup::kRowPitch` units apart, whatever the font
+    double m_pixelsPerUnit = 1;     ///< rows lie `ColumnSetup::kRowPitch` units apart, whatever the font
+    QBoxLayout* m_across = nullptr; ///< rows and choices side by side, or one below the other
     QWidget* m_formPicture = nullptr;
     QScrollBar* m_VScroll1 = nullptr;
     QCheckBox* m_saveBox = nullptr;

@@ -23,8 +23,10 @@ OptionsDialog::OptionsDialog(SettingsStore& store, Command command, std::functio
     setWindowTitle(QStringLiteral("Options"));
     setAttribute(Qt::WA_DeleteOnClose);
     setAttribute(Qt::WA_QuitOnClose, false);
-    auto* column = new QVBoxLayout(this);
-    column->setSpacing(12);
+    constexpr int kSpacing = 12;
+    auto* contents = new QWidget;
+    auto* column = new QVBoxLayout(contents);
+    column->setSpacing(kSpacing);
     column->addLayout(buildBoxes());
     auto* zero = new QCheckBox(QStringLiteral("initiallize with zeros")); // spelled so on purpose: users search for it
     zero->setObjectName(QStringLiteral("zeroBox"));
@@ -33,7 +35,7 @@ OptionsDialog::OptionsDialog(SettingsStore& store, Command command, std::functio
     connect(zero, &QCheckBox::toggled, this, [this](bool checked) { m_options.zeroBox = checked; });
     column->addWidget(zero);
     column->addStretch();
-    column->addLayout(buildButtons());
+    setParts(contents, buildButtons()).setSpacing(kSpacing);
     m_cmdApplyCur->setDefault(true); // once it is in the dialog: before, the first button would be the default
 }
 

@@ -7,9 +7,20 @@
 #include "dialogs/options_dialog.h"
 #include "dialogs/save_contents_dialog.h"
 
+#include <sstream>
 #include <vector>
 
 namespace tarvelint::test {
+
+/// More than a small screen shows.
+inline StringTable aboutTexts()
+{
+    std::istringstream lines(
+        "1049=1\\n2\\n3\\n4\\n5\\n6\\n7\\n8\\n9\\n10\\n11\\n12\\n13\\n14\\n15\\n16\\n17\\n18\\n19\\n20\n");
+    StringTable table;
+    table.addTexts(lines);
+    return table;
+}
 
 /// One of each dialog, on the bench of the column setup.
 struct Dialogs {
@@ -17,7 +28,7 @@ struct Dialogs {
     SaveContents contents;
     OptionsDialog options{bench.settings, [](Window&, const auto&) {}, [] { return std::vector<Window*>(); }};
     SaveContentsDialog save{contents, &bench.parent};
-    FrmSplash splash{StringTable{}, QStringLiteral("1.2.3")};
+    FrmSplash splash{aboutTexts(), QStringLiteral("1.2.3")};
 
     Dialogs()
     {
