@@ -78,16 +78,16 @@ QBoxLayout* OptionsDialog::buildButtons()
 {
     auto* row = new QHBoxLayout;
     row->addStretch();
-    m_cmdApplyCur =
-        addButton(*row, "cmdApplyCur", "Change current", "Changes will affect current window only and won't be saved",
-                  [this] { return m_options.cmdApplyCur_Click(); });
-    addButton(*row, "cmdApplyAll", "Change &all", "Changes will affect all open windows and will be saved",
-              [this] { return m_options.cmdApplyAll_Click(m_windows()); });
     auto* cancel = new QPushButton(QStringLiteral("Cancel"));
     cancel->setObjectName(QStringLiteral("cmdCancel"));
     cancel->setAccessibleName(cancel->text());
     connect(cancel, &QPushButton::clicked, this, &QDialog::close);
     row->addWidget(cancel);
+    m_cmdApplyCur =
+        addButton(*row, "cmdApplyCur", "Change current", "Changes will affect current window only and won't be saved",
+                  [this] { return m_options.cmdApplyCur_Click(); });
+    addButton(*row, "cmdApplyAll", "Change &all", "Changes will affect all open windows and will be saved",
+              [this] { return m_options.cmdApplyAll_Click(m_windows()); });
     return row;
 }
 
