@@ -18,7 +18,7 @@ packages_of() {
     test)
         echo libgtest-dev libgmock-dev locales util-linux procps
         # The window tests: a display, a window manager, the accessibility tree, keys and screenshots.
-        echo xvfb xauth openbox xdotool x11-utils dbus dbus-x11 at-spi2-core imagemagick
+        echo xvfb xauth openbox xdotool x11-utils dbus dbus-x11 at-spi2-core imagemagick qt6-gtk-platformtheme
         echo python3 python3-gi python3-pyatspi gir1.2-atspi-2.0
         ;;
     bench) echo libbenchmark-dev r-base-core r-cran-data.table time ;;

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/file_dialogs.h"
 
-#include "window/window.h"
+#include "window/command_failure.h"
 
 #include <QDir>
 #include <QEvent>

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "window/ui.h"
+#include "window/dialogs.h"
 
 #include <optional>
 

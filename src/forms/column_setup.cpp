@@ -112,7 +112,7 @@ std::int32_t rowCount(const std::string& text)
     try {
         return roundToInt32(leadingNumber(text));
     } catch (const NumericOverflow&) {
-        throw unusableNumber("minimum lull length", text);
+        throw unusableNumber("minimum time intervals", text);
     }
 }
 

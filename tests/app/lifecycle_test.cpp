@@ -271,6 +271,16 @@ TEST(WindowClose, writesWhatTheWindowHoldsNow)
                 ElementsAre("write Ref=2.5", "write High=0", "write Date=7", "write Time=8", "write ZoomFactor=8"));
 }
 
+TEST(WindowClose, aMinimisedWindowThatAsksStillLeavesTheStoredGeometryAlone)
+{
+    OpenWindow shell;
+    shell.fakeUi.minimised = true;
+    shell.fakeUi.onMessage = [&] { shell.fakeUi.minimised = false; }; // nobody sees a question over a minimised window
+    shell.fakeUi.answers = {Answer::no};
+    EXPECT_FALSE(shell.close());
+    EXPECT_EQ(shell.settings.log, closingWrites(false));
+}
+
 TEST(WindowClose, unloadsADialogWhileItsStateIsStillThere)
 {
     class WatchingUi : public FakeUi {

@@ -56,10 +56,10 @@ TEST(ColumnSetupFaults, aLimitBeyond32BitFloatsDoesNotFit)
                 HasSubstr("PAR limit \"-1E400\""));
 }
 
-TEST(ColumnSetupFaults, aLullLengthBeyond32BitsDoesNotFit)
+TEST(ColumnSetupFaults, aLullLengthBeyond32BitsDoesNotFitAndIsNamedAsItsBoxIs)
 {
     EXPECT_EQ(faultOf([](ColumnSetup& dialog) { dialog.boxes.timeBox = "2147483648"; }),
-              "The minimum lull length \"2147483648\" does not fit. Type a number of ordinary size.");
+              "The number of minimum time intervals \"2147483648\" does not fit. Type a number of ordinary size.");
 }
 
 TEST(ColumnSetupFaults, aRecordWithoutASensorColumnCannotBePreProcessed)

@@ -24,7 +24,7 @@ const QChar kReplacement = QChar::ReplacementCharacter;
 /// takes the folder that the dialog came up with.
 void typeNameInFileDialog(Desk& desk, const QString& name, QString* start = nullptr)
 {
-    desk.form->askForFile = askForFile;
+    desk.toolkit().askForFile = askForFile;
     auto* timer = new QTimer(&desk);
     QObject::connect(timer, &QTimer::timeout, &desk, [&desk, timer, name, start] {
         auto* dialog = desk.form->findChild<QFileDialog*>(QStringLiteral("fileDialog"));
@@ -109,7 +109,7 @@ private Q_SLOTS:
         QVERIFY2(desk.said.contains(QStringLiteral("not valid UTF-8")), qPrintable(desk.said));
         QCOMPARE(names, std::set<std::string>{latin1});
         QVERIFY(!desk.core().data.saveCheck);
-        QVERIFY(desk.core().savePath.empty());
+        QVERIFY(desk.core().file.savePath.empty());
     }
 
     void aRefusedNameIsNotWhereTheNextDialogStarts()
@@ -132,7 +132,7 @@ private Q_SLOTS:
         desk.entry("mnuFileSave")->trigger();
         QVERIFY(!start.isEmpty() && start != place);
         QVERIFY(desk.core().data.saveCheck);
-        QCOMPARE(desk.core().savePath, good.toStdString());
+        QCOMPARE(desk.core().file.savePath, good.toStdString());
         QVERIFY(QFile::exists(good));
     }
 };

@@ -107,7 +107,7 @@ private Q_SLOTS:
         desk.openSample();
         const Engine& core = desk.core();
         QVERIFY(core.view.Turbo);
-        QCOMPARE(core.sensors, 8);
+        QCOMPARE(core.sensors.count(), 8);
         int points = 0;
         for (int row = 0; row < core.data.lines; ++row) {
             if (!core.sensors.isPoint(0, row)) continue;
@@ -125,7 +125,7 @@ private Q_SLOTS:
         Desk desk;
         desk.openSample();
         desk.chooseFirstSensor();
-        QCOMPARE(desk.core().curCol, kS1);
+        QCOMPARE(desk.core().view.curCol(), kS1);
         const Engine& core = desk.core();
         const QImage plot = desk.plot(0);
         const double height = desk.find("Picture1_0")->height();

@@ -24,8 +24,8 @@ public:
         file.close();
         open(path);
         command([this] {
-            core().chooseColumn(0, 2);
-            core().chooseColumn(1, 0);
+            core().lists.choose(0, 2);
+            core().lists.choose(1, 0);
         });
         if (!shown) form->grab(); // lays the window out, so that its showing changes no size
         keepDrawing();

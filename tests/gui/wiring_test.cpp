@@ -222,7 +222,7 @@ private Q_SLOTS:
     {
         for (const bool converts : {false, true}) {
             SensorDesk desk;
-            desk.command([&] { desk.core().chooseColumn(0, 2); }); // PAR
+            desk.command([&] { desk.core().lists.choose(0, 2); }); // PAR
             desk.core().view.selStart = 600;
             desk.core().view.selEnd = 610;
             desk.entry(converts ? "mnuToolsRecalculateSelection" : "mnuToolsConvert")->trigger();

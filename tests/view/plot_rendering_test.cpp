@@ -40,7 +40,7 @@ TEST(PlotArithmetic, theRangeTakesTheHeightLessATenthAboveAMarginOfFivePercent)
 {
     const auto scale = valueScale(20, 30, 110);
     ASSERT_TRUE(scale);
-    EXPECT_DOUBLE_EQ(scale->view.yScale, 10);   // 110 / (10 x 1.1)
+    EXPECT_DOUBLE_EQ(scale->yScale, 10);   // 110 / (10 x 1.1)
     EXPECT_DOUBLE_EQ(scale->yBase, 304.5); // 20 x 10 + 0.95 x 110
     EXPECT_FLOAT_EQ(valueY(*scale, 20), 104.5F);
     EXPECT_FLOAT_EQ(valueY(*scale, 30), 4.5F);

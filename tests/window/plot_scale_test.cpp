@@ -21,7 +21,7 @@ TEST(PlotScale, theRowAtAPlaceIsRoundedHalfToEvenAfterTheFirstRowIsAdded)
 
 TEST(PlotScale, rowsComeBackFromTheirPlaces)
 {
-    for (const std::int16_t zoom : {1, 2, 4, 8})
+    for (const std::int16_t zoom : {std::int16_t{1}, std::int16_t{2}, std::int16_t{4}, std::int16_t{8}})
         for (std::int32_t row = 90; row < 130; ++row) EXPECT_EQ(rowAt(rowX(row, 100, zoom), 100, zoom), row);
 }
 
@@ -30,9 +30,9 @@ TEST(PlotScale, theValueAtTheBottomMarginIsTheLowest)
     // An area of 110 units for 0 to 10: 10 units to a value, 0 at 104.5.
     const auto scale = valueScale(0, 10, 110);
     ASSERT_TRUE(scale);
-    EXPECT_DOUBLE_EQ(valueAt(104.5F, 0, 110, scale->view.yScale), 0);
-    EXPECT_DOUBLE_EQ(valueAt(4.5F, 0, 110, scale->view.yScale), 10);
-    EXPECT_DOUBLE_EQ(valueAt(54.5F, 0, 110, scale->view.yScale), 5);
+    EXPECT_DOUBLE_EQ(valueAt(104.5F, 0, 110, scale->yScale), 0);
+    EXPECT_DOUBLE_EQ(valueAt(4.5F, 0, 110, scale->yScale), 10);
+    EXPECT_DOUBLE_EQ(valueAt(54.5F, 0, 110, scale->yScale), 5);
 }
 
 TEST(PlotScale, valuesComeBackFromTheirPlacesAsFarAs32BitsTell)
@@ -40,7 +40,7 @@ TEST(PlotScale, valuesComeBackFromTheirPlacesAsFarAs32BitsTell)
     const auto scale = valueScale(-2.5, 7.25, 240);
     ASSERT_TRUE(scale);
     for (double value = -4; value < 9; value += 0.37)
-        EXPECT_NEAR(valueAt(valueY(*scale, value), scale->lo, 240, scale->view.yScale), value, 1e-5);
+        EXPECT_NEAR(valueAt(valueY(*scale, value), scale->lo, 240, scale->yScale), value, 1e-5);
 }
 
 } // namespace

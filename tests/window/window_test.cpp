@@ -13,10 +13,10 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 
 /// Status text and pointer after `showMode` with these modes.
-std::pair<std::string, Pointer> modeShown(bool view.lineMode, bool sloppy)
+std::pair<std::string, Pointer> modeShown(bool lineMode, bool sloppy)
 {
     TestWindow window;
-    window.view.lineMode = view.lineMode;
+    window.view.lineMode = lineMode;
     window.view.Sloppy = sloppy;
     window.showMode();
     return {window.text(Control::statusPanel1), window.pointer()};
@@ -232,6 +232,18 @@ TEST(WindowChanges, showingAllDrawsTheMainAreaFirstAndThenTheCues)
     TestWindow window;
     window.showAll();
     EXPECT_THAT(window.calls, ElementsAre("redraw 0 True", "redraw 1 True", "updateCues"));
+}
+
+TEST(NewWindow, hasTheGivenDefaultsAndNoFile)
+{
+    const TestWindow window;
+    EXPECT_TRUE(window.data.saveCheck);
+    EXPECT_EQ(window.view.dateCol, 1);
+    EXPECT_EQ(window.view.timeCol, 2);
+    EXPECT_EQ(window.view.curCol(), -1);
+    EXPECT_EQ(window.view.curLayer, kUnconverted);
+    EXPECT_TRUE(window.file.filePath.empty() && window.file.savePath.empty());
+    EXPECT_FALSE(window.file.fileDelimiter);
 }
 
 TEST(Record, needsRowsAndColumns)

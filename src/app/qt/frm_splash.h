@@ -3,8 +3,8 @@
 
 #include "app/qt/program_icons.h"
 #include "app/string_table.h"
+#include "dialogs/program_dialog.h"
 
-#include <QDialog>
 #include <QList>
 #include <QString>
 
@@ -17,7 +17,7 @@ namespace tarvelint {
 
 /// The window shown at start-up until its button is pressed, and again as the about box. Texts that the
 /// organisation left out take no room.
-class FrmSplash : public QDialog {
+class FrmSplash : public ProgramDialog {
     Q_OBJECT
 
 public:
