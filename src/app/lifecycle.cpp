@@ -62,8 +62,8 @@ void Lifecycle::Form_QueryUnload(bool& cancel)
     unloadDialogs();
     m_application.unloadOptions();
     const View& view = m_window.view;
-    const ClosingSettings settings{m_window.text(Control::refBox), m_window.conversionSettings.baselineIsHigh, view.dateCol,
-                                   view.timeCol, view.zoomFactor};
+    const ClosingSettings settings{m_window.text(Control::refBox), m_window.conversionSettings.baselineIsHigh,
+                                   view.dateCol, view.timeCol, view.zoomFactor};
     const Geometry geometry = m_window.ui.geometry();
     writeClosingSettings(m_window.env.settings, settings, wasMinimised ? nullptr : &geometry);
 }

@@ -14,10 +14,10 @@ class Window;
 /// happens when either end is missing or outside the data.
 void turboCalc(DataSet& data, std::int32_t column, std::int32_t lPoint, std::int32_t rPoint);
 
-/// Marks row `toPoint` of a sensor as a baseline point (taking the mark from `fromPoint` first, -1 for none), or unmarks
-/// it when `dlt`, and recomputes the two segments beside it. A point has no value of its own: the baseline there is the
-/// reading. A stretch with a point at one end only loses its baseline (0) and its converted values (missing). When a
-/// point moves past its neighbour, the segment around its old row stays as it was.
+/// Marks row `toPoint` of a sensor as a baseline point (taking the mark from `fromPoint` first, -1 for none), or
+/// unmarks it when `dlt`, and recomputes the two segments beside it. A point has no value of its own: the baseline
+/// there is the reading. A stretch with a point at one end only loses its baseline (0) and its converted values
+/// (missing). When a point moves past its neighbour, the segment around its old row stays as it was.
 /// @return False when nothing happened: no such sensor, or a row outside the data
 bool setPoint(DataSet& data, Sensors& sensors, std::int32_t sensor, std::int32_t toPoint, std::int32_t fromPoint,
               bool dlt);

@@ -38,27 +38,22 @@ struct Raw {
     bool noDots = false;
 };
 
-/// Refuses at the command line a number that no file could make right: one that `convert` throws at.
+/// Refuses at the command line a number that no file could make right: one that `convert` has no value for.
 template <class Convert>
 std::string checkNumber(const std::string& text, Convert convert)
 {
-    try {
-        if (!isNumeric(text)) return "\"" + text + "\" is not a number";
-        static_cast<void>(convert(leadingNumber(text)));
-        return {};
-    } catch (const NumericOverflow&) {
-        return "\"" + text + "\" is too large";
-    }
+    if (!isNumeric(text)) return "\"" + text + "\" is not a number";
+    return convert(leadingNumber(text)) ? "" : "\"" + text + "\" is too large";
 }
 
 std::string checkLimit(const std::string& text)
 {
-    return checkNumber(text, toFloat32);
+    return checkNumber(text, roundedToFloat32);
 }
 
 std::string checkWhole(const std::string& text)
 {
-    return checkNumber(text, roundToInt32);
+    return checkNumber(text, roundedToInt32);
 }
 
 std::string checkColumn(const std::string& text)

@@ -13,10 +13,10 @@ class Window;
 
 /// What the column setup decides about a record.
 struct ColumnChoices {
-    std::vector<std::string> labels;           ///< one per column
-    std::vector<bool> parameters;              ///< "Do not convert", by 0-based column
-    bool savesLabels = false;                  ///< labels go into saved files
-    std::optional<ZeroFlowSettings> zeroFlow;  ///< look for zero flow and convert; none: baselines by hand
+    std::vector<std::string> labels;          ///< one per column
+    std::vector<bool> parameters;             ///< "Do not convert", by 0-based column
+    bool savesLabels = false;                 ///< labels go into saved files
+    std::optional<ZeroFlowSettings> zeroFlow; ///< look for zero flow and convert; none: baselines by hand
 };
 
 /// Puts the choices to work in their window: labels and marks first, then either the pre-process, which leaves it in

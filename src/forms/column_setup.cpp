@@ -100,20 +100,14 @@ CommandFailure unusableNumber(const char* what, const std::string& text)
 
 float limit(const std::string& text, const char* what)
 {
-    try {
-        return toFloat32(leadingNumber(text));
-    } catch (const NumericOverflow&) {
-        throw unusableNumber(what, text);
-    }
+    const auto number = roundedToFloat32(leadingNumber(text));
+    return number ? *number : throw unusableNumber(what, text);
 }
 
 std::int32_t rowCount(const std::string& text)
 {
-    try {
-        return roundToInt32(leadingNumber(text));
-    } catch (const NumericOverflow&) {
-        throw unusableNumber("minimum time intervals", text);
-    }
+    const auto number = roundedToInt32(leadingNumber(text));
+    return number ? *number : throw unusableNumber("number of minimum time intervals", text);
 }
 
 } // namespace

@@ -19,7 +19,8 @@ std::vector<std::string> ColumnLists::entries() const
     const Record& record = m_window.data;
     std::vector<std::string> entries;
     if (m_window.view.showsLabels) entries = record.labels;
-    for (auto c = static_cast<std::int32_t>(entries.size()); c < record.columns; ++c) entries.push_back(plainText(c + 1));
+    for (auto c = static_cast<std::int32_t>(entries.size()); c < record.columns; ++c)
+        entries.push_back(plainText(c + 1));
     return entries;
 }
 

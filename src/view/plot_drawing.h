@@ -19,9 +19,9 @@ struct PlotSource {
     std::optional<double> reference; ///< of the companion area's reference line; none: no line
 };
 
-/// Draws a fitted plot on a surface, over what it shows or (with `clear`) on the erased area: lull bands, baseline points
-/// and trace in the main area, reference line and trace in the companion. A plot without a scale only erases. Changes
-/// nothing but the surface.
+/// Draws a fitted plot on a surface, over what it shows or (with `clear`) on the erased area: lull bands, baseline
+/// points and trace in the main area, reference line and trace in the companion. A plot without a scale only erases.
+/// Changes nothing but the surface.
 void drawPlot(const PlotFit& fit, const PlotSource& source, bool clear, Surface& area);
 
 } // namespace tarvelint

@@ -19,9 +19,10 @@ double asRead(double value)
 
 RangeTexts automaticTexts(const Record& record, const PlotFit& fit, std::string_view grouping)
 {
-    const Extremes found =
-        visibleExtremes(record.values.column(fit.layer, fit.col), fit.first, fit.last, record.blank);
-    const auto isLeftOver = [&](double value) { return std::abs(value) == std::abs(static_cast<double>(record.blank)); };
+    const Extremes found = visibleExtremes(record.values.column(fit.layer, fit.col), fit.first, fit.last, record.blank);
+    const auto isLeftOver = [&](double value) {
+        return std::abs(value) == std::abs(static_cast<double>(record.blank));
+    };
     if (isLeftOver(found.lowest) || isLeftOver(found.highest)) return {"0", "0"};
     return {screenText(found.lowest, grouping), screenText(found.highest, grouping)};
 }

@@ -16,8 +16,7 @@ void PlotRedraw::redraw(int index, bool clear)
     Surface& area = m_window.ui.surface(index);
     const PlotPlace place{index, m_window.ui.surface(0).scaleWidth(), area.scaleHeight()};
     const std::string grouping = view.isAutomatic(index) ? m_window.env.style.grouping() : std::string();
-    const PlotFit fit =
-        fitPlot(m_window.data, view, place, {m_window.text(bottom), m_window.text(top)}, grouping);
+    const PlotFit fit = fitPlot(m_window.data, view, place, {m_window.text(bottom), m_window.text(top)}, grouping);
     if (fit.automaticRange) {
         m_window.setText(bottom, fit.automaticRange->bottom);
         m_window.setText(top, fit.automaticRange->top);

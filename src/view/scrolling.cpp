@@ -4,6 +4,7 @@
 #include "data/numbers.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace tarvelint {
 
@@ -12,37 +13,26 @@ namespace {
 constexpr std::int16_t kLargestZoom = 8;
 
 template <class Round>
-ScrollRange scrollRange(float width, std::int16_t zoomFactor, std::int32_t lines, Round round)
+std::optional<ScrollRange> scrollRange(float width, std::int16_t zoomFactor, std::int32_t lines, Round round)
 {
-    if (static_cast<double>(width) >= static_cast<double>(zoomFactor) * lines) return {};
+    if (static_cast<double>(width) >= static_cast<double>(zoomFactor) * lines) return ScrollRange{};
     const double rowsShown = static_cast<double>(width) / zoomFactor;
-    ScrollRange range;
-    range.Max = std::max<std::int32_t>(0, round(lines - rowsShown - 1));
-    range.LargeChange = round(rowsShown);
-    range.SmallChange = round(range.LargeChange / 10.0);
-    return range;
-}
-
-bool fits16Bits(float width, std::int16_t zoomFactor, std::int32_t lines)
-{
-    try {
-        static_cast<void>(scrollRange16(width, zoomFactor, lines));
-        return true;
-    } catch (const NumericOverflow&) {
-        return false;
-    }
+    const auto max = round(lines - rowsShown - 1);
+    const auto largeChange = round(rowsShown);
+    if (!max || !largeChange) return std::nullopt;
+    return ScrollRange{std::max<std::int32_t>(0, *max), round(*largeChange / 10.0).value(), *largeChange};
 }
 
 } // namespace
 
-ScrollRange scrollRange16(float width, std::int16_t zoomFactor, std::int32_t lines)
+std::optional<ScrollRange> scrollRange16(float width, std::int16_t zoomFactor, std::int32_t lines)
 {
-    return scrollRange(width, zoomFactor, lines, roundToInt16);
+    return scrollRange(width, zoomFactor, lines, roundedToInt16);
 }
 
 ScrollRange scrollRange32(float width, std::int16_t zoomFactor, std::int32_t lines)
 {
-    return scrollRange(width, zoomFactor, lines, roundToInt32);
+    return scrollRange(width, zoomFactor, lines, roundedToInt32).value();
 }
 
 std::int32_t valueCentring(std::int32_t row, float width, std::int16_t zoomFactor, std::int32_t max)
@@ -53,19 +43,17 @@ std::int32_t valueCentring(std::int32_t row, float width, std::int16_t zoomFacto
 
 void Scrolling::scrollset()
 {
-    apply(scrollRange16(width(), m_window.view.zoomFactor, m_window.data.lines));
+    const auto range = scrollRange16(width(), m_window.view.zoomFactor, m_window.data.lines);
+    if (!range) throw NumericOverflow("The record is longer than a 16-bit scroll bar reaches.");
+    apply(*range);
 }
 
 void Scrolling::fitScrollBar()
 {
-    // Only the range is tried: an overflow in what the new range sets off is not a long record.
     const View& view = m_window.view;
-    const bool isLong = !fits16Bits(width(), view.zoomFactor, m_window.data.lines);
-    m_window.setLongRecord(isLong);
-    if (isLong)
-        apply(scrollRange32(width(), view.zoomFactor, m_window.data.lines));
-    else
-        scrollset();
+    const auto range = scrollRange16(width(), view.zoomFactor, m_window.data.lines);
+    m_window.setLongRecord(!range);
+    apply(range ? *range : scrollRange32(width(), view.zoomFactor, m_window.data.lines));
 }
 
 void Scrolling::apply(const ScrollRange& range)

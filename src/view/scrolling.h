@@ -4,6 +4,7 @@
 #include "window/window.h"
 
 #include <cstdint>
+#include <optional>
 
 namespace tarvelint {
 
@@ -16,9 +17,9 @@ struct ScrollRange {
 };
 
 /// What lets an area of `width` plot units scroll through `lines` rows; each number is rounded, halves to even.
-/// @throws NumericOverflow when one of them does not fit 16 bits
-[[nodiscard]] ScrollRange scrollRange16(float width, std::int16_t zoomFactor, std::int32_t lines);
-/// The same formulas in 32 bits.
+/// None when one of them does not fit 16 bits.
+[[nodiscard]] std::optional<ScrollRange> scrollRange16(float width, std::int16_t zoomFactor, std::int32_t lines);
+/// The same formulas in 32 bits, which every record fits.
 [[nodiscard]] ScrollRange scrollRange32(float width, std::int16_t zoomFactor, std::int32_t lines);
 
 /// First row that brings `row` to the middle of an area of `width` plot units, within 0..max.

@@ -25,15 +25,15 @@ struct ScrollBar {
 struct View {
     // Rows and columns
     ScrollBar HScroll1;
-    bool longRecord = false;     ///< the record is longer than 16-bit scrolling reaches
-    std::int16_t zoomFactor = 1; ///< plot units per row
-    std::int16_t zoomLevel = 0;  ///< pen width less one
-    std::vector<std::string> columnEntries;          ///< of both column lists
+    bool longRecord = false;                          ///< the record is longer than 16-bit scrolling reaches
+    std::int16_t zoomFactor = 1;                      ///< plot units per row
+    std::int16_t zoomLevel = 0;                       ///< pen width less one
+    std::vector<std::string> columnEntries;           ///< of both column lists
     std::array<std::int32_t, 2> chosenColumn{-1, -1}; ///< entry of `varList`, -1 none
-    std::int32_t curLayer = kUnconverted;            ///< of the main area
-    std::int32_t curSensor = -1;                     ///< sensor ordinal of `curCol`, or -1; kept while `Turbo` is set
-    std::int16_t dateCol = 1;                        ///< 1-based column that cues give as the day
-    std::int16_t timeCol = 2;                        ///< 1-based column that cues give as the time
+    std::int32_t curLayer = kUnconverted;             ///< of the main area
+    std::int32_t curSensor = -1;                      ///< sensor ordinal of `curCol`, or -1; kept while `Turbo` is set
+    std::int16_t dateCol = 1;                         ///< 1-based column that cues give as the day
+    std::int16_t timeCol = 2;                         ///< 1-based column that cues give as the time
 
     // Values
     std::array<bool, 2> automaticRange{false, false};

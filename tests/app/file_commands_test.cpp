@@ -19,14 +19,14 @@ using Texts = std::vector<std::string>;
 /// Everything of a window that a failed open must leave alone.
 struct Snapshot {
     explicit Snapshot(const Shell& shell)
-        : caption(shell.window.caption()), path(shell.window.file.filePath),
-          savePath(shell.window.file.savePath), status(shell.status()), status2(shell.status2()),
-          rowLabel(shell.window.text(Control::rowLabel)), undo(shell.window.text(Control::mnuEditUndo)),
-          delimiter(shell.window.file.fileDelimiter),
+        : caption(shell.window.caption()), path(shell.window.file.filePath), savePath(shell.window.file.savePath),
+          status(shell.status()), status2(shell.status2()), rowLabel(shell.window.text(Control::rowLabel)),
+          undo(shell.window.text(Control::mnuEditUndo)), delimiter(shell.window.file.fileDelimiter),
           labels(shell.window.data.labels), entries(shell.window.view.columnEntries),
           columns(shell.window.data.columns), lines(shell.window.data.lines), blank(shell.window.data.blank),
           chosen(shell.window.view.chosenColumn[0]), points(shell.window.sensors.count()),
-          pointer(shell.window.pointer()), saveCheck(shell.window.data.saveCheck), hasDialog(shell.window.forms.haveLabelForm())
+          pointer(shell.window.pointer()), saveCheck(shell.window.data.saveCheck),
+          hasDialog(shell.window.forms.haveLabelForm())
     {
         for (int layer = 1; layer <= kLayers && lines > 0; ++layer)
             for (std::int32_t r = 0; r < lines; ++r)

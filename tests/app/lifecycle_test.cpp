@@ -216,7 +216,16 @@ TEST(WindowClose, asksAboutUnsavedDataThenUnloadsDialogsThenWritesSettingsInOrde
 {
     OpenWindow shell;
     shell.fakeUi.answers = {Answer::no};
+    shell.fakeUi.onMessage = [&] {
+        EXPECT_THAT(shell.fakeUi.log, IsEmpty()) << "the question comes before the dialogs go";
+        EXPECT_THAT(shell.settings.log, IsEmpty());
+    };
+    shell.application.onUnloadOptions = [&] {
+        EXPECT_EQ(shell.fakeUi.log.size(), 2U) << "the window's own dialogs go first";
+        EXPECT_THAT(shell.settings.log, IsEmpty()) << "the settings come last";
+    };
     EXPECT_FALSE(shell.close());
+    EXPECT_THAT(shell.application.log, ElementsAre("unload options"));
     ASSERT_EQ(shell.fakeUi.messages.size(), 1U);
     EXPECT_EQ(shell.fakeUi.messages[0].text, "Do you want to save the current file?");
     EXPECT_EQ(shell.fakeUi.messages[0].title, "Close window:");

@@ -222,8 +222,10 @@ TEST(OpenRecord, resetsWhatBelongedToTheRecordBefore)
     EXPECT_EQ(w.sensors.count(), 0);
     EXPECT_FALSE(w.data.isParameter(0));
     EXPECT_EQ(shell.status2(), "Viewing intput data");
-    for (const std::int32_t none : {w.view.curSensor, w.view.markRow, w.view.dragRow, w.view.grabbedPoint}) EXPECT_EQ(none, -1);
-    for (const std::int32_t row0 : {w.view.hoverRow, w.view.selStart, w.view.selEnd, w.view.lastClick}) EXPECT_EQ(row0, 0);
+    for (const std::int32_t none : {w.view.curSensor, w.view.markRow, w.view.dragRow, w.view.grabbedPoint})
+        EXPECT_EQ(none, -1);
+    for (const std::int32_t row0 : {w.view.hoverRow, w.view.selStart, w.view.selEnd, w.view.lastClick})
+        EXPECT_EQ(row0, 0);
     EXPECT_EQ(w.view.HScroll1.Value, 0);
     EXPECT_EQ(w.file.savePath, "");
     EXPECT_EQ(w.text(Control::mnuEditUndo), "Can't Undo");

@@ -187,7 +187,8 @@ TEST(SaveFile, writesTheChosenLayersWithTheTypesDelimiter)
 {
     Unsaved shell;
     shell.saveAs("/data/out.csv");
-    shell.window.forms.typeFrm->inCheck = shell.window.forms.typeFrm->outCheck = shell.window.forms.typeFrm->blankCheck = false;
+    shell.window.forms.typeFrm->inCheck = shell.window.forms.typeFrm->outCheck =
+        shell.window.forms.typeFrm->blankCheck = false;
     shell.saveAs("/data/out.csv", FileType::tab);
     EXPECT_EQ(
         shell.files.contents["/data/out.txt"],

@@ -20,13 +20,18 @@ public:
     int exits = 0;
     std::vector<std::string> log; ///< what was asked about the options dialog
     std::function<void()> onNewWindow;
+    std::function<void()> onUnloadOptions;
 
     [[nodiscard]] std::vector<std::string> otherCaptions(const Window&) const override { return captions; }
     void showOptions(Window&, bool selectEquation) override
     {
         log.emplace_back(selectEquation ? "show options, equation selected" : "show options");
     }
-    void unloadOptions() override { log.emplace_back("unload options"); }
+    void unloadOptions() override
+    {
+        log.emplace_back("unload options");
+        if (onUnloadOptions) onUnloadOptions();
+    }
     void newWindow() override
     {
         if (!onNewWindow) throw std::logic_error("unexpected new window");

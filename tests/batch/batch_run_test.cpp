@@ -133,12 +133,13 @@ TEST_F(BatchRun, aSensorWithoutTwoPointsIsAWarningThatNamesTheLowestVpdAndPar)
 {
     options.zeroFlow.vpdLimit = 0.001F;
     EXPECT_EQ(run(), kDataFault);
-    EXPECT_EQ(err.str(),
-              "tarvelint-batch: A: 0 points are too few for a baseline, so nothing was converted; the lowest VPD is 0.01 "
-              "(limit 0.001), the lowest PAR 0 (limit 0.01)\n"
-              "tarvelint-batch: B: 0 points are too few for a baseline, so nothing was converted; the lowest VPD is 0.01 "
-              "(limit 0.001), the lowest PAR 0 (limit 0.01)\n"
-              "tarvelint-batch: in.csv: no sensor was converted\n");
+    EXPECT_EQ(
+        err.str(),
+        "tarvelint-batch: A: 0 points are too few for a baseline, so nothing was converted; the lowest VPD is 0.01 "
+        "(limit 0.001), the lowest PAR 0 (limit 0.01)\n"
+        "tarvelint-batch: B: 0 points are too few for a baseline, so nothing was converted; the lowest VPD is 0.01 "
+        "(limit 0.001), the lowest PAR 0 (limit 0.01)\n"
+        "tarvelint-batch: in.csv: no sensor was converted\n");
 }
 
 TEST_F(BatchRun, warnsAlsoWhenItIsToBeQuiet)
@@ -242,22 +243,25 @@ TEST_F(BatchRun, progressShowsOnATerminalOnly)
 
 TEST_F(BatchRun, aLowerVpdLimitLeavesNoCalmRow)
 {
-    EXPECT_EQ(summaryWith({"--vpd-limit", "0.001"}, kDataFault), "A: 0 points, 0 rows converted, 40 readings left unconverted, 0 rows missing\n"
-                                                     "B: 0 points, 0 rows converted, 39 readings left unconverted, 1 rows missing\n");
+    EXPECT_EQ(summaryWith({"--vpd-limit", "0.001"}, kDataFault),
+              "A: 0 points, 0 rows converted, 40 readings left unconverted, 0 rows missing\n"
+              "B: 0 points, 0 rows converted, 39 readings left unconverted, 1 rows missing\n");
 }
 
 TEST_F(BatchRun, aLowerParLimitLeavesNoDarkRow)
 {
-    EXPECT_EQ(summaryWith({"--par-limit", "-1"}, kDataFault), "A: 0 points, 0 rows converted, 40 readings left unconverted, 0 rows missing\n"
-                                                  "B: 0 points, 0 rows converted, 39 readings left unconverted, 1 rows missing\n");
+    EXPECT_EQ(summaryWith({"--par-limit", "-1"}, kDataFault),
+              "A: 0 points, 0 rows converted, 40 readings left unconverted, 0 rows missing\n"
+              "B: 0 points, 0 rows converted, 39 readings left unconverted, 1 rows missing\n");
 }
 
 TEST_F(BatchRun, aLongerLullTimeFlagsLaterRows)
 {
     // Flags stand on the rows after the sixth, 6 to 9 and 36 to 39. Their readings are all equal: the first point is
     // row 6, the second goes off the end to row 39. Rows 6 to 39 are 34; B misses one.
-    EXPECT_EQ(summaryWith({"--lull-time", "6"}), "A: 2 points, 34 rows converted, 6 readings left unconverted, 0 rows missing\n"
-                                                 "B: 2 points, 33 rows converted, 6 readings left unconverted, 1 rows missing\n");
+    EXPECT_EQ(summaryWith({"--lull-time", "6"}),
+              "A: 2 points, 34 rows converted, 6 readings left unconverted, 0 rows missing\n"
+              "B: 2 points, 33 rows converted, 6 readings left unconverted, 1 rows missing\n");
 }
 
 TEST_F(BatchRun, theParColumnSaysWhichRowsAreDark)

@@ -113,7 +113,7 @@ TEST_F(EquationRun, aSideTakesNoValue)
 TEST_F(EquationRun, convertsOnTheBaselinesItHasLaidOnly)
 {
     files.contents["in.csv"] = fileOf({"--equation", "B-X"});
-    expected = kDataFault;                                  // no sensor is converted
+    expected = kDataFault;                                 // no sensor is converted
     const std::string before = run({"--vpd-limit", "-1"}); // never calm: no points
     EXPECT_NE(before.find(".,.,200,\r\n"), std::string::npos);
     out.str("");

@@ -72,7 +72,8 @@ TEST_F(BatchProgram, aSummaryThatNobodyCanReadIsAFaultAndTheFileIsThere)
     const std::string arguments = sample + " -o " + path("out.csv") + " --vpd-column 4 --parameters 1-5";
     const auto statusWith = [&](const std::string& redirection) {
         fs::remove(folder / "out.csv");
-        const int status = std::system((TARVELINT_BATCH " " + arguments + " " + redirection + " 2>" + path("stderr")).c_str());
+        const int status =
+            std::system((TARVELINT_BATCH " " + arguments + " " + redirection + " 2>" + path("stderr")).c_str());
         EXPECT_TRUE(fs::exists(folder / "out.csv"));
         return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
     };
@@ -178,7 +179,8 @@ TEST_F(BatchProgram, theMeasuredRecordsGoThrough)
     ASSERT_EQ(run((data / "spruce_15min_2013.csv").string() + " -o " + path("b.csv") + " --vpd-column 4"), 0);
     EXPECT_NE(content("b.csv").find(",5 columns,35039 rows each,"), std::string::npos);
     ASSERT_EQ(run((data / "hourly_2014_no_weather.csv").string() + " -o " + path("c.csv") + " --vpd-column 4"), 1);
-    EXPECT_EQ(content("stdout"), "dT_c1: 0 points, 0 rows converted, 735 readings left unconverted, 166 rows missing\n");
+    EXPECT_EQ(content("stdout"),
+              "dT_c1: 0 points, 0 rows converted, 735 readings left unconverted, 166 rows missing\n");
     EXPECT_NE(content("stderr").find("the lowest VPD is missing throughout"), std::string::npos) << content("stderr");
     EXPECT_NE(content("c.csv").find("901 rows each"), std::string::npos);
 }

@@ -153,9 +153,8 @@ TEST(ColumnSetupOk, withoutPreProcessTheOrderIsLabelsUnsavedColumnModesHideColum
     SetupWindow window;
     window.dialog().setLabelBox(1, "typed");
     window.dialog().OKButton_Click();
-    EXPECT_THAT(window.calls,
-                ElementsAre("redraw 0 True, shown", "updateCues", "redraw 0 True, hidden, Mode: sloppy one-click",
-                            "updateCues"));
+    EXPECT_THAT(window.calls, ElementsAre("redraw 0 True, shown", "updateCues",
+                                          "redraw 0 True, hidden, Mode: sloppy one-click", "updateCues"));
     EXPECT_EQ(window.labelsAtFirstDrawing.front(), "typed");
     EXPECT_FALSE(window.data.saveCheck);
 }
@@ -167,9 +166,8 @@ TEST(ColumnSetupOk, withPreProcessTheOldSensorsAreShownOnceMoreBeforeTheNewOnes)
     window.makeSensors({0, 1, 2, 3, 4, 5, 6});
     for (const int row : {1, 2, 3, 11}) window.dialog().setCheckBox(row, true);
     EXPECT_EQ(window.okWithPreProcess(), "");
-    EXPECT_THAT(window.calls,
-                ElementsAre("redraw 0 True, shown", "updateCues",
-                            "redraw 0 True, hidden, Mode: traditional, edit data", "updateCues"));
+    EXPECT_THAT(window.calls, ElementsAre("redraw 0 True, shown", "updateCues",
+                                          "redraw 0 True, hidden, Mode: traditional, edit data", "updateCues"));
     EXPECT_EQ(window.sensorsAtFirstDrawing, 7);
     EXPECT_EQ(window.sensors.count(), 8); // 12 columns less 4 marked ones
 }

@@ -41,7 +41,8 @@ public:
         }
         return {};
     }
-    /// VPD in column 11 and PAR in column 3 hold lulls of ten rows; every other column is highest in the middle of each.
+    /// VPD in column 11 and PAR in column 3 hold lulls of ten rows; every other column is highest in the middle of
+    /// each.
     void addLulls()
     {
         for (std::int32_t r = 0; r < data.lines; ++r) {

@@ -5,7 +5,6 @@
 #include "app/qt/plot_area.h"
 #include "app/qt/plot_surface.h"
 #include "app/qt/window_list.h"
-#include "machine/clock.h"
 #include "machine/files.h"
 #include "support/doubles.h"
 
@@ -125,7 +124,7 @@ public:
     MemorySettings settings;
     FixedStyle style;
     DiskFiles files;
-    SteadyClock clock;
+    ManualClock clock; ///< stands still: a loop pauses for events where a test makes time pass
     StringTable table;
     WindowList windows{Environment{settings, style, files, clock}, table};
     QTemporaryDir folder;

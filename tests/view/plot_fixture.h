@@ -106,7 +106,8 @@ struct Plot : TestWindow {
     {
         Ops ops = drawn(index);
         const auto rows = static_cast<std::size_t>(
-            lastVisibleRow(surfaces()[0].width, view.zoomFactor, view.HScroll1.Value, data.lines) - view.HScroll1.Value + 1);
+            lastVisibleRow(surfaces()[0].width, view.zoomFactor, view.HScroll1.Value, data.lines) -
+            view.HScroll1.Value + 1);
         ops.resize(ops.size() - rows - 1);
         return ops;
     }

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "view/plot_redraw.h"
 
+#include "view/plot_drawing.h"
 #include "view/plot_fit.h"
 #include "view/plot_fixture.h"
 
@@ -283,6 +284,44 @@ TEST(AutomaticRange, theLargestDoubleStaysFiniteAlthoughItsFifteenDigitsAreNot)
     const double largest = std::numeric_limits<double>::max();
     const std::vector<double> cells{0, largest};
     EXPECT_EQ(visibleExtremes({cells.data(), 1}, 0, 1, 99999).highest, largest);
+}
+
+// A fitted plot on any surface
+
+TEST(FittedPlot, drawsTheSameOnAnotherSurfaceAndChangesNothingOfTheWindow)
+{
+    Plot plot({0, 5, 10, 5, 0});
+    plot.automatic();
+    const Ops shown = plot.drawn(0, true);
+    const std::string rangeBefore = plot.range(0);
+    plot.view.yScale = 77;
+    plot.calls.clear();
+    plot.fakeUi.changes.clear();
+    plot.surfaces()[0].ops.clear();
+
+    RecordingSurface paper;
+    paper.width = 4;
+    const PlotFit fit = fitPlot(plot.data, plot.view, {0, 4, 110}, {"never", "read"}, ",");
+    drawPlot(fit, {plot.data, plot.sensors, plot.view, std::nullopt}, true, paper);
+    EXPECT_EQ(Ops(paper.ops.begin() + 1, paper.ops.end()), shown);
+    EXPECT_EQ(fit.automaticRange, (RangeTexts{"0.0000", "10.0000"}));
+    EXPECT_EQ(plot.range(0), rangeBefore);
+    EXPECT_EQ(plot.view.yScale, 77);
+    EXPECT_THAT(plot.calls, IsEmpty());
+    EXPECT_THAT(plot.fakeUi.changes, IsEmpty());
+    EXPECT_THAT(plot.surfaces()[0].ops, IsEmpty());
+}
+
+TEST(FittedPlot, takesTheHeightOfItsOwnAreaAndTheWidthOfTheMainOne)
+{
+    Plot plot({0, 5, 10, 5, 0}, {0, 5, 10, 5, 0});
+    plot.surfaces()[1].height = 220;
+    plot.surfaces()[1].width = 1;
+    const Ops ops = plot.drawn(1);
+    // 220 / (10 x 1.1) = 20 units per data unit, 0 at 0.95 x 220 = 209; rows 0 to 4 as in the main area.
+    EXPECT_THAT(
+        ops, ElementsAre(moveTo(0, 209), lineTo(0, 209), lineTo(1, 109), lineTo(2, 9), lineTo(3, 109), lineTo(4, 209)));
+    EXPECT_EQ(plot.view.yScale, 20);
 }
 
 } // namespace

@@ -12,8 +12,8 @@ TEST(PlotScale, theRowAtAPlaceIsRoundedHalfToEvenAfterTheFirstRowIsAdded)
 {
     EXPECT_EQ(rowAt(0, 7, 1), 7);
     EXPECT_EQ(rowAt(2.4F, 7, 1), 9);
-    EXPECT_EQ(rowAt(2.5F, 7, 1), 10); // 9.5
-    EXPECT_EQ(rowAt(2.5F, 8, 1), 10); // 10.5
+    EXPECT_EQ(rowAt(2.5F, 7, 1), 10);  // 9.5
+    EXPECT_EQ(rowAt(2.5F, 8, 1), 10);  // 10.5
     EXPECT_EQ(rowAt(10, 100, 4), 102); // 102.5
     EXPECT_EQ(rowAt(-3, 1, 1), -2);
     EXPECT_THROW((void)rowAt(1e10F, 0, 1), NumericOverflow);

@@ -17,8 +17,7 @@ QVariant ColumnListModel::data(const QModelIndex& index, int role) const
 {
     if (m_entries == nullptr) return {};
     const auto entry = static_cast<std::size_t>(index.row());
-    if ((role != Qt::DisplayRole && role != Qt::EditRole) || !index.isValid() || entry >= m_entries->size())
-        return {};
+    if ((role != Qt::DisplayRole && role != Qt::EditRole) || !index.isValid() || entry >= m_entries->size()) return {};
     return labelForScreen((*m_entries)[entry]);
 }
 

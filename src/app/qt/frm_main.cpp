@@ -73,7 +73,8 @@ void FrmMain::wireBoxes()
     using enum Control;
     DisplayControls& display = m_core.display;
     for (int index = 0; index < 2; ++index) {
-        wireCheck(element(scaleBox0, index), [&display, index](bool checked) { display.scaleBox_Click(index, checked); });
+        wireCheck(element(scaleBox0, index),
+                  [&display, index](bool checked) { display.scaleBox_Click(index, checked); });
         wireRangeBox(maxLabel0, index);
         wireRangeBox(minLabel0, index);
         connect(&m_form.list(index), &QComboBox::activated, this, [this, index](int entry) {
