@@ -62,7 +62,7 @@ std::string savedName(const std::string& path, FileType type)
 
 void FileCommands::mnuFileOpen_Click()
 {
-    if (!m_window.view.columnEntries.empty() && !m_window.data.saveCheck && !savedialog("Open new file:")) return;
+    if (!m_view.columnEntries.empty() && !m_record.saveCheck && !savedialog("Open new file:")) return;
     auto file = m_window.dialogs.openFileDialog({"Open", kOpenFilters, m_application.lastFileType});
     if (file && !file->path.empty() && settleType(*file)) openFile(*file);
 }
@@ -70,13 +70,13 @@ void FileCommands::mnuFileOpen_Click()
 /// False when the user would rather not open the file.
 bool FileCommands::settleType(ChosenFile& file)
 {
-    const auto likelier = likelierType(m_window.env.files, file.path, file.type);
+    const auto likelier = likelierType(m_env.files, file.path, file.type);
     if (!likelier) return true;
     const std::string question = "As \"" + nameOf(file.type) + "\" the first row of " + file.path +
                                  " is one column, as \"" + nameOf(likelier->type) + "\" it is " +
                                  plainText(static_cast<std::int64_t>(likelier->fields)) + " columns. Open it as \"" +
                                  nameOf(likelier->type) + "\"?";
-    const Answer answer = m_window.ui.messageBox({question, "Open", Buttons::yesNoCancel, Icon::warning});
+    const Answer answer = m_ui.messageBox({question, "Open", Buttons::yesNoCancel, Icon::warning});
     if (answer == Answer::yes) file.type = likelier->type;
     return answer != Answer::cancel;
 }
@@ -91,46 +91,42 @@ void FileCommands::openFile(const ChosenFile& file)
     enableForWork();
     showModeAfterLoad();
     ColumnLists(m_window).choose(0, 0);
-    if (!loaded.warning.empty())
-        m_window.ui.messageBox({loaded.warning, std::string(kTitle), Buttons::ok, Icon::warning});
+    if (!loaded.warning.empty()) m_ui.messageBox({loaded.warning, std::string(kTitle), Buttons::ok, Icon::warning});
 }
 
 LoadedRecord FileCommands::read(const ChosenFile& file)
 {
     const BusyDisplay busy(m_window);
     WindowProgress progress(m_window);
-    const Record& present = m_window.data;
-    return readRecord(m_window.env.files, file.path, file.type,
-                      {present.blank, present.zeroOut, [this] { return readBlankSetting(m_window.env.settings); }},
+    return readRecord(m_env.files, file.path, file.type,
+                      {m_record.blank, m_record.zeroOut, [this] { return readBlankSetting(m_env.settings); }},
                       progress);
 }
 
 void FileCommands::takeRecord(LoadedRecord& loaded, const ChosenFile& file)
 {
-    Record& record = m_window.data;
-    static_cast<DataSet&>(record) = std::move(loaded.data);
-    record.parameters.assign(static_cast<std::size_t>(record.columns), false);
-    record.savesLabels = loaded.hadLabelsLine;
+    static_cast<DataSet&>(m_record) = std::move(loaded.data);
+    m_record.parameters.assign(static_cast<std::size_t>(m_record.columns), false);
+    m_record.savesLabels = loaded.hadLabelsLine;
     m_window.file = {.filePath = file.path, .savePath = {}, .fileDelimiter = file.type};
     m_application.lastFileType = file.type;
     ColumnLists(m_window).fill(); // nothing is chosen from here on, so the reset below draws nothing of the new record
-    m_window.ui.surface(1).erase();
+    m_ui.surface(1).erase();
     resetForNewRecord();
 }
 
 void FileCommands::resetForNewRecord()
 {
-    View& view = m_window.view;
-    view.Turbo = view.chainActive = false;
-    m_window.sensors.clear();
-    view.curSensor = -1;
-    view.dropPoint();
-    view.hoverRow = view.selStart = view.selEnd = view.lastClick = 0;
+    m_view.Turbo = m_view.chainActive = false;
+    m_sensors.clear();
+    m_view.curSensor = -1;
+    m_view.dropPoint();
+    m_view.hoverRow = m_view.selStart = m_view.selEnd = m_view.lastClick = 0;
     m_undo.forget();
     m_window.setScrollRange(0, 1, 1);
     m_window.setNoZeroFlow(false);
-    m_window.setText(Control::colLabel, plainText(m_window.data.columns));
-    m_window.setText(Control::rowLabel, plainText(m_window.data.lines));
+    m_window.setText(Control::colLabel, plainText(m_record.columns));
+    m_window.setText(Control::rowLabel, plainText(m_record.lines));
 }
 
 void FileCommands::enableForWork()
@@ -138,16 +134,15 @@ void FileCommands::enableForWork()
     for (const Control control : controlsThatNeed(Needs::record)) m_window.setEnabled(control, true);
     Scrolling scrolling(m_window);
     scrolling.showZoomEntries();
-    m_window.view.HScroll1.Min = 0;
+    m_view.HScroll1.Min = 0;
     scrolling.fitScrollBar();
 }
 
 void FileCommands::showModeAfterLoad()
 {
-    const View& view = m_window.view;
-    m_window.setStatus(1, view.lineMode ? "Mode: one-click baseline" : "Mode: select data");
-    m_window.setPointer(view.lineMode ? Pointer::northSouth : Pointer::cross);
-    m_window.setStatus(2, view.curLayer == kUnconverted ? "Viewing intput data" : "Viewing output data");
+    m_window.setStatus(1, m_view.lineMode ? "Mode: one-click baseline" : "Mode: select data");
+    m_window.setPointer(m_view.lineMode ? Pointer::northSouth : Pointer::cross);
+    m_window.setStatus(2, m_view.curLayer == kUnconverted ? "Viewing intput data" : "Viewing output data");
 }
 
 void FileCommands::showCaption(const std::string& path)
@@ -169,7 +164,7 @@ void FileCommands::saveFile(SaveKind kind)
     m_window.file.savePath = target->path;
     m_window.file.fileDelimiter = m_application.lastFileType = target->type;
     showCaption(target->path);
-    m_window.data.saveCheck = true;
+    m_record.saveCheck = true;
     m_window.setEnabled(Control::mnuFileSave, true);
 }
 
@@ -187,9 +182,9 @@ std::optional<ChosenFile> FileCommands::chooseName(const std::string& title)
 bool FileCommands::mayReplace(const std::string& name, const ChosenFile& confirmed, const std::string& title)
 {
     // The dialog asked about the name as typed; the cut extension may have led to another file.
-    if (name == confirmed.path || !m_window.env.files.exists(name)) return true;
-    return m_window.ui.messageBox({name + " already exists. Do you want to replace it?", title, Buttons::yesNo,
-                                   Icon::warning}) == Answer::yes;
+    if (name == confirmed.path || !m_env.files.exists(name)) return true;
+    return m_ui.messageBox({name + " already exists. Do you want to replace it?", title, Buttons::yesNo,
+                            Icon::warning}) == Answer::yes;
 }
 
 bool FileCommands::tryWriting(const ChosenFile& target)
@@ -202,7 +197,7 @@ bool FileCommands::tryWriting(const ChosenFile& target)
         reason =
             failure.kind() == FileFailure::Kind::inUse ? "The file is in use by another application" : failure.what();
     }
-    m_window.ui.messageBox({reason, "Cannot save:", Buttons::ok, Icon::critical});
+    m_ui.messageBox({reason, "Cannot save:", Buttons::ok, Icon::critical});
     return false;
 }
 
@@ -212,17 +207,16 @@ void FileCommands::write(const ChosenFile& target)
     m_window.setStatus(1, "Status: writing file");
     const SaveContents& contents = *m_forms.typeFrm;
     const SaveChoices choices{contents.inCheck,     contents.baseCheck,  contents.outCheck,
-                              contents.headerCheck, contents.blankCheck, m_window.data.savesLabels};
+                              contents.headerCheck, contents.blankCheck, m_record.savesLabels};
     WindowProgress progress(m_window);
-    writeRecord(m_window.env.files, target.path, target.type, m_window.data, choices,
-                {m_window.env.style.longDate(), m_window.env.style.grouping()}, progress);
+    writeRecord(m_env.files, target.path, target.type, m_record, choices,
+                {m_env.style.longDate(), m_env.style.grouping()}, progress);
 }
 
 bool FileCommands::savedialog(const std::string& title)
 {
-    switch (
-        m_window.ui.messageBox({"Do you want to save the current file?", title, Buttons::yesNoCancel, Icon::warning})) {
-    case Answer::yes: mnuFileSaveAs_Click(); return m_window.data.saveCheck;
+    switch (m_ui.messageBox({"Do you want to save the current file?", title, Buttons::yesNoCancel, Icon::warning})) {
+    case Answer::yes: mnuFileSaveAs_Click(); return m_record.saveCheck;
     case Answer::no: return true;
     default: return false;
     }

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "window/window.h"
+
 #include "window/dialogs.h"
 #include "window/record_files.h"
 
@@ -10,7 +12,6 @@ namespace tarvelint {
 
 class Application;
 class Undo;
-class Window;
 class WindowForms;
 
 /// The name a file is saved under: with a "." in the file name (not in its folders) the last four characters are cut,
@@ -22,7 +23,8 @@ class WindowForms;
 class FileCommands {
 public:
     FileCommands(Window& window, WindowForms& forms, Undo& undo, Application& application)
-        : m_window(window), m_forms(forms), m_undo(undo), m_application(application)
+        : m_window(window), m_view(window.view), m_record(window.data), m_sensors(window.sensors), m_ui(window.ui),
+          m_env(window.env), m_forms(forms), m_undo(undo), m_application(application)
     {
     }
 
@@ -56,6 +58,11 @@ private:
     void write(const ChosenFile& target);
 
     Window& m_window;
+    View& m_view;
+    Record& m_record;
+    Sensors& m_sensors;
+    Ui& m_ui;
+    Environment& m_env;
     WindowForms& m_forms;
     Undo& m_undo;
     Application& m_application;

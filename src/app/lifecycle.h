@@ -12,7 +12,8 @@ namespace tarvelint {
 class Lifecycle {
 public:
     Lifecycle(Window& window, Application& application, FileCommands& files, WindowForms& forms)
-        : m_window(window), m_application(application), m_files(files), m_forms(forms)
+        : m_window(window), m_view(window.view), m_record(window.data), m_ui(window.ui), m_env(window.env),
+          m_application(application), m_files(files), m_forms(forms)
     {
     }
 
@@ -41,6 +42,10 @@ private:
     void toggleBar(Control entry, Control bar);
 
     Window& m_window;
+    View& m_view;
+    Record& m_record;
+    Ui& m_ui;
+    Environment& m_env;
     Application& m_application;
     FileCommands& m_files;
     WindowForms& m_forms;

@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-namespace tarvelint {
+#include "window/window.h"
 
-class Window;
+namespace tarvelint {
 
 /// The selected rows of a window, as menus and commands set them.
 class Selection {
 public:
-    explicit Selection(Window& window) : m_window(window) {}
+    explicit Selection(Window& window) : m_window(window), m_view(window.view), m_record(window.data), m_ui(window.ui)
+    {
+    }
 
     /// Every row; of an empty record none, so that the selection ends at -1.
     void mnuEditSelectAll_Click();
@@ -21,6 +23,9 @@ private:
     void show(bool draws);
 
     Window& m_window;
+    View& m_view;
+    Record& m_record;
+    Ui& m_ui;
 };
 
 } // namespace tarvelint

@@ -10,15 +10,13 @@ namespace tarvelint {
 
 void Undo::undoSave(std::int32_t column)
 {
-    const DataSet& data = m_window.data;
-    const View& view = m_window.view;
-    if (!data.hasColumn(column) || view.selEnd < view.selStart) return;
-    Copy copy{column, std::max(view.selStart, 0), {}};
-    const std::int32_t last = std::min(view.selEnd, data.lines - 1);
+    if (!m_record.hasColumn(column) || m_view.selEnd < m_view.selStart) return;
+    Copy copy{column, std::max(m_view.selStart, 0), {}};
+    const std::int32_t last = std::min(m_view.selEnd, m_record.lines - 1);
     if (copy.firstRow <= last) copy.undoBuf.reserve(static_cast<std::size_t>(last - copy.firstRow) + 1);
     for (std::int32_t r = copy.firstRow; r <= last; ++r)
-        copy.undoBuf.push_back({data.values(kUnconverted, column, r), data.values(kBaseline, column, r),
-                                data.values(kConverted, column, r)});
+        copy.undoBuf.push_back({m_record.values(kUnconverted, column, r), m_record.values(kBaseline, column, r),
+                                m_record.values(kConverted, column, r)});
     m_copy = std::move(copy);
     showAvailability();
 }
@@ -38,17 +36,16 @@ bool Undo::fitsTheData() const
 {
     // A copy of rows that are all outside the data has no cells: undoing it changes nothing.
     if (m_copy->undoBuf.empty()) return false;
-    const DataSet& data = m_window.data;
     const auto rows = static_cast<std::int64_t>(m_copy->undoBuf.size());
-    return data.hasColumn(m_copy->undoCol) && rows <= data.lines - m_copy->firstRow;
+    return m_record.hasColumn(m_copy->undoCol) && rows <= m_record.lines - m_copy->firstRow;
 }
 
 void Undo::restore()
 {
     const auto& [undoCol, firstRow, undoBuf] = *m_copy;
-    m_window.view.selStart = firstRow;
-    m_window.view.selEnd = firstRow + static_cast<std::int32_t>(undoBuf.size()) - 1;
-    Values& values = m_window.data.values;
+    m_view.selStart = firstRow;
+    m_view.selEnd = firstRow + static_cast<std::int32_t>(undoBuf.size()) - 1;
+    Values& values = m_record.values;
     std::int32_t r = firstRow;
     for (const Cells& cells : undoBuf) {
         values(kUnconverted, undoCol, r) = cells.unconverted;

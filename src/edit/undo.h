@@ -1,19 +1,19 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "window/window.h"
+
 #include <cstdint>
 #include <optional>
 #include <vector>
 
 namespace tarvelint {
 
-class Window;
-
 /// One level of undo: a copy of the rows of one column, in all three layers, that a command is about to change.
 /// Baseline points and lull flags are no part of it. The Undo menu entry shows whether there is a copy.
 class Undo {
 public:
-    explicit Undo(Window& window) : m_window(window) {}
+    explicit Undo(Window& window) : m_window(window), m_view(window.view), m_record(window.data) {}
 
     /// Copies the selected rows of `column` (0-based), replacing the earlier copy. Rows outside the data are not
     /// copied. An empty selection (its end before its start) or a column that is not there saves nothing, and
@@ -44,6 +44,8 @@ private:
     void restore();
 
     Window& m_window;
+    View& m_view;
+    Record& m_record;
     std::optional<Copy> m_copy; ///< none: there is nothing to undo
 };
 

@@ -8,36 +8,34 @@ namespace tarvelint {
 
 void Conversion::convertSelection(bool draws)
 {
-    const View& view = m_window.view;
-    const std::int32_t selStart = view.selStart;
-    const std::int32_t selEnd = view.selEnd;
+    const std::int32_t selStart = m_view.selStart;
+    const std::int32_t selEnd = m_view.selEnd;
     if (!trimSelection()) {
-        if (draws && (view.selStart != selStart || view.selEnd != selEnd)) m_window.showAll();
+        if (draws && (m_view.selStart != selStart || m_view.selEnd != selEnd)) m_window.showAll();
         return;
     }
     const Pointer pointer = m_window.pointer();
     m_window.setPointer(Pointer::hourglass);
-    m_window.undoSave(view.curCol());
+    m_window.undoSave(m_view.curCol());
     convertSpan();
     // Where the selection does not move on, at the record's end or in one-click mode, nobody else shows the new values.
-    const bool moved = !view.lineMode && m_window.skip(draws);
+    const bool moved = !m_view.lineMode && m_window.skip(draws);
     if (draws && !moved) m_window.showAll();
     m_window.setPointer(pointer);
-    m_window.ui.focus(Control::Picture1_0);
+    m_ui.focus(Control::Picture1_0);
 }
 
 /// True when a span of at least two rows with readings at both ends is left.
 bool Conversion::trimSelection()
 {
-    const DataSet& data = m_window.data;
-    View& view = m_window.view;
-    if (!data.hasColumn(view.curCol()) || !data.hasRow(view.selStart) || !data.hasRow(view.selEnd)) return false;
-    const auto readings = data.values.column(kUnconverted, view.curCol());
-    while (view.selEnd > view.selStart) {
-        if (data.isBlank(readings[view.selStart]))
-            ++view.selStart;
-        else if (data.isBlank(readings[view.selEnd]))
-            --view.selEnd;
+    if (!m_record.hasColumn(m_view.curCol()) || !m_record.hasRow(m_view.selStart) || !m_record.hasRow(m_view.selEnd))
+        return false;
+    const auto readings = m_record.values.column(kUnconverted, m_view.curCol());
+    while (m_view.selEnd > m_view.selStart) {
+        if (m_record.isBlank(readings[m_view.selStart]))
+            ++m_view.selStart;
+        else if (m_record.isBlank(readings[m_view.selEnd]))
+            --m_view.selEnd;
         else
             return true;
     }
@@ -46,15 +44,14 @@ bool Conversion::trimSelection()
 
 void Conversion::convertSpan()
 {
-    DataSet& data = m_window.data;
-    const std::int32_t column = m_window.view.curCol();
-    const std::int32_t first = m_window.view.selStart;
-    const std::int32_t last = m_window.view.selEnd;
-    double v = data.values(kUnconverted, column, first);
-    const double step = (v - data.values(kUnconverted, column, last)) / (static_cast<double>(last) - first);
+    const std::int32_t column = m_view.curCol();
+    const std::int32_t first = m_view.selStart;
+    const std::int32_t last = m_view.selEnd;
+    double v = m_record.values(kUnconverted, column, first);
+    const double step = (v - m_record.values(kUnconverted, column, last)) / (static_cast<double>(last) - first);
     RowConverter converter(m_window);
     for (std::int32_t row = first; row <= last; ++row) {
-        data.values(kBaseline, column, row) = data.storable(v);
+        m_record.values(kBaseline, column, row) = m_record.storable(v);
         v = v - step;
         if (!converter.convertRow(column, row)) break;
     }
@@ -62,8 +59,8 @@ void Conversion::convertSpan()
 
 void Conversion::mnuToolsConvert_Click()
 {
-    if (m_window.data.isParameter(m_window.view.curCol()))
-        m_window.ui.beep();
+    if (m_record.isParameter(m_view.curCol()))
+        m_ui.beep();
     else
         convButton_Click();
 }

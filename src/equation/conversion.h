@@ -1,15 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-namespace tarvelint {
+#include "window/window.h"
 
-class Window;
+namespace tarvelint {
 
 /// "&Convert": the selected span of the column on view gets a straight baseline between the readings at its ends and is
 /// converted with the user's equation; then the selection moves one span on.
 class Conversion {
 public:
-    explicit Conversion(Window& window) : m_window(window) {}
+    explicit Conversion(Window& window) : m_window(window), m_view(window.view), m_record(window.data), m_ui(window.ui)
+    {
+    }
 
     /// Missing readings at both ends are trimmed off the selection first, and stay off. A selection of less than two
     /// rows is ignored. In one-click mode the selection stays where it is.
@@ -24,6 +26,9 @@ private:
     void convertSpan();
 
     Window& m_window;
+    View& m_view;
+    Record& m_record;
+    Ui& m_ui;
 };
 
 } // namespace tarvelint

@@ -9,15 +9,14 @@ namespace tarvelint {
 
 void Recalculation::recalculate(std::int32_t column)
 {
-    const DataSet& data = m_window.data;
-    if (column != -1 && !data.hasColumn(column)) return;
+    if (column != -1 && !m_record.hasColumn(column)) return;
     const Pointer pointer = m_window.pointer();
     m_window.setPointer(Pointer::hourglass);
     if (column == -1) {
         convertAllColumns();
     } else {
-        m_window.view.selStart = 0;
-        m_window.view.selEnd = data.lines - 1;
+        m_view.selStart = 0;
+        m_view.selEnd = m_record.lines - 1;
         m_window.undoSave(column);
         RowConverter converter(m_window);
         convertColumn(converter, column);
@@ -29,9 +28,9 @@ void Recalculation::convertAllColumns()
 {
     m_window.markChanged(); // also when no column has a baseline
     RowConverter converter(m_window);
-    for (std::int32_t column = 0; column < m_window.data.columns; ++column) {
+    for (std::int32_t column = 0; column < m_record.columns; ++column) {
         // A check box holds 0 or 1, and only -1 inverts to 0: parameter columns that have a baseline are converted too.
-        const int mark = m_window.data.isParameter(column) ? 1 : 0;
+        const int mark = m_record.isParameter(column) ? 1 : 0;
         if (~mark == 0) continue;
         if (!convertColumn(converter, column)) return;
     }
@@ -39,9 +38,8 @@ void Recalculation::convertAllColumns()
 
 bool Recalculation::convertColumn(RowConverter& converter, std::int32_t column)
 {
-    const DataSet& data = m_window.data;
-    for (std::int32_t row = 0; row < data.lines; ++row) {
-        if (data.isBlank(data.values(kBaseline, column, row))) continue;
+    for (std::int32_t row = 0; row < m_record.lines; ++row) {
+        if (m_record.isBlank(m_record.values(kBaseline, column, row))) continue;
         if (!converter.convertRow(column, row)) return false;
     }
     return true;
@@ -49,8 +47,8 @@ bool Recalculation::convertColumn(RowConverter& converter, std::int32_t column)
 
 void Recalculation::mnuToolsRecalculate_Click()
 {
-    const std::int32_t column = m_window.view.curCol();
-    if (!m_window.data.hasColumn(column)) return; // -1 would mean all of them
+    const std::int32_t column = m_view.curCol();
+    if (!m_record.hasColumn(column)) return; // -1 would mean all of them
     recalculate(column);
     m_window.showAll();
 }

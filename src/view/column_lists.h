@@ -13,7 +13,10 @@ namespace tarvelint {
 /// index is the 0-based column.
 class ColumnLists {
 public:
-    explicit ColumnLists(Window& window) : m_window(window) {}
+    explicit ColumnLists(Window& window)
+        : m_window(window), m_view(window.view), m_record(window.data), m_sensors(window.sensors), m_ui(window.ui)
+    {
+    }
 
     /// One entry for each column of a new record, labels or numbers; nothing is chosen afterwards.
     void fill();
@@ -34,6 +37,10 @@ private:
     void show(std::vector<std::string> entries);
 
     Window& m_window;
+    View& m_view;
+    Record& m_record;
+    Sensors& m_sensors;
+    Ui& m_ui;
 };
 
 } // namespace tarvelint

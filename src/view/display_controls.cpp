@@ -7,12 +7,11 @@ namespace tarvelint {
 
 void DisplayControls::viewButton_Click()
 {
-    View& view = m_window.view;
-    const bool toInput = view.curLayer != kUnconverted;
-    view.curLayer = toInput ? kUnconverted : kConverted;
+    const bool toInput = m_view.curLayer != kUnconverted;
+    m_view.curLayer = toInput ? kUnconverted : kConverted;
     m_window.setStatus(2, toInput ? "Display: viewing input data" : "Display: viewing output data");
     m_window.redraw(0, true);
-    if (m_window.isEnabled(Control::Picture1_0)) m_window.ui.focus(Control::Picture1_0);
+    if (m_window.isEnabled(Control::Picture1_0)) m_ui.focus(Control::Picture1_0);
 }
 
 void DisplayControls::scaleBox_Click(int index, bool checked)

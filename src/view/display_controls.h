@@ -9,7 +9,7 @@ namespace tarvelint {
 /// finds what the user typed already in its box's text. Areas are numbered 0 (main) and 1 (companion).
 class DisplayControls {
 public:
-    explicit DisplayControls(Window& window) : m_window(window) {}
+    explicit DisplayControls(Window& window) : m_window(window), m_view(window.view), m_ui(window.ui) {}
 
     /// Toggles the main area between readings and converted values.
     void viewButton_Click();
@@ -32,6 +32,8 @@ private:
     void redrawIfNumeric(Control box, int index);
 
     Window& m_window;
+    View& m_view;
+    Ui& m_ui;
 };
 
 } // namespace tarvelint

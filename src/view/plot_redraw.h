@@ -9,7 +9,11 @@ namespace tarvelint {
 /// points, and the companion (1) with the readings of another column and the reference line.
 class PlotRedraw {
 public:
-    explicit PlotRedraw(Window& window) : m_window(window) {}
+    explicit PlotRedraw(Window& window)
+        : m_window(window), m_view(window.view), m_record(window.data), m_sensors(window.sensors), m_ui(window.ui),
+          m_env(window.env)
+    {
+    }
 
     /// Draws area `index` over what it shows, or erases it first. Leaves `yScale` and, with automatic range, the texts
     /// of the range boxes behind. An area that is disabled or has no column chosen is left alone; one without a
@@ -18,6 +22,11 @@ public:
 
 private:
     Window& m_window;
+    View& m_view;
+    Record& m_record;
+    Sensors& m_sensors;
+    Ui& m_ui;
+    Environment& m_env;
 };
 
 } // namespace tarvelint

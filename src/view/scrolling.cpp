@@ -43,45 +43,42 @@ std::int32_t valueCentring(std::int32_t row, float width, std::int16_t zoomFacto
 
 void Scrolling::scrollset()
 {
-    const auto range = scrollRange16(width(), m_window.view.zoomFactor, m_window.data.lines);
+    const auto range = scrollRange16(width(), m_view.zoomFactor, m_record.lines);
     if (!range) throw NumericOverflow("The record is longer than a 16-bit scroll bar reaches.");
     apply(*range);
 }
 
 void Scrolling::fitScrollBar()
 {
-    const View& view = m_window.view;
-    const auto range = scrollRange16(width(), view.zoomFactor, m_window.data.lines);
+    const auto range = scrollRange16(width(), m_view.zoomFactor, m_record.lines);
     m_window.setLongRecord(!range);
-    apply(range ? *range : scrollRange32(width(), view.zoomFactor, m_window.data.lines));
+    apply(range ? *range : scrollRange32(width(), m_view.zoomFactor, m_record.lines));
 }
 
 void Scrolling::apply(const ScrollRange& range)
 {
-    const View& view = m_window.view;
     // Where everything fits, Max is 0 and takes the value along.
     m_window.setScrollRange(range.Max, range.SmallChange, range.LargeChange);
-    if (view.Turbo && view.markRow >= 0)
-        m_window.moveScrollValue(valueCentring(view.markRow, width(), view.zoomFactor, range.Max));
+    if (m_view.Turbo && m_view.markRow >= 0)
+        m_window.moveScrollValue(valueCentring(m_view.markRow, width(), m_view.zoomFactor, range.Max));
 }
 
 void Scrolling::mnuViewZoomIn_Click()
 {
-    if (m_window.view.zoomFactor < kLargestZoom) zoomTo(m_window.view.zoomFactor * 2.0);
+    if (m_view.zoomFactor < kLargestZoom) zoomTo(m_view.zoomFactor * 2.0);
 }
 
 void Scrolling::mnuViewZoomOut_Click()
 {
-    if (m_window.view.zoomFactor > 1) zoomTo(m_window.view.zoomFactor / 2.0);
+    if (m_view.zoomFactor > 1) zoomTo(m_view.zoomFactor / 2.0);
 }
 
 void Scrolling::zoomTo(double unitsPerRow)
 {
-    View& view = m_window.view;
-    view.zoomFactor = roundToInt16(unitsPerRow);
+    m_view.zoomFactor = roundToInt16(unitsPerRow);
     showZoomEntries();
-    view.zoomLevel = 0;
-    for (std::int16_t z = view.zoomFactor; z > 1; z = roundToInt16(z / 2.0)) ++view.zoomLevel;
+    m_view.zoomLevel = 0;
+    for (std::int16_t z = m_view.zoomFactor; z > 1; z = roundToInt16(z / 2.0)) ++m_view.zoomLevel;
     fitScrollBar();
     m_window.redraw(0, true);
     m_window.redraw(1, true);
@@ -89,8 +86,8 @@ void Scrolling::zoomTo(double unitsPerRow)
 
 void Scrolling::showZoomEntries()
 {
-    m_window.setEnabled(Control::mnuViewZoomIn, m_window.view.zoomFactor < kLargestZoom);
-    m_window.setEnabled(Control::mnuViewZoomOut, m_window.view.zoomFactor > 1);
+    m_window.setEnabled(Control::mnuViewZoomIn, m_view.zoomFactor < kLargestZoom);
+    m_window.setEnabled(Control::mnuViewZoomOut, m_view.zoomFactor > 1);
 }
 
 void Scrolling::mnuViewRefresh_Click()
@@ -101,7 +98,7 @@ void Scrolling::mnuViewRefresh_Click()
 
 void Scrolling::HScroll1_Scroll(std::int32_t value)
 {
-    ScrollBar& bar = m_window.view.HScroll1;
+    ScrollBar& bar = m_view.HScroll1;
     bar.Value = std::clamp(value, bar.Min, bar.Max);
     m_window.redraw(0, true);
     m_window.redraw(1, true);
@@ -109,7 +106,7 @@ void Scrolling::HScroll1_Scroll(std::int32_t value)
 
 void Scrolling::HScroll1_GotFocus()
 {
-    m_window.ui.focus(Control::Picture1_0);
+    m_ui.focus(Control::Picture1_0);
 }
 
 } // namespace tarvelint

@@ -28,7 +28,9 @@ struct ScrollRange {
 /// Scroll bar and zoom of a window.
 class Scrolling {
 public:
-    explicit Scrolling(Window& window) : m_window(window) {}
+    explicit Scrolling(Window& window) : m_window(window), m_view(window.view), m_record(window.data), m_ui(window.ui)
+    {
+    }
 
     /// Fits the scroll bar to the main area's width, the record and the zoom; a current baseline point is brought to
     /// the middle. Draws nothing: what calls it does.
@@ -54,11 +56,14 @@ public:
     void HScroll1_GotFocus();
 
 private:
-    [[nodiscard]] float width() const { return m_window.ui.surface(0).scaleWidth(); }
+    [[nodiscard]] float width() const { return m_ui.surface(0).scaleWidth(); }
     void apply(const ScrollRange& range);
     void zoomTo(double unitsPerRow);
 
     Window& m_window;
+    View& m_view;
+    Record& m_record;
+    Ui& m_ui;
 };
 
 } // namespace tarvelint

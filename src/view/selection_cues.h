@@ -1,14 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-namespace tarvelint {
+#include "window/window.h"
 
-class Window;
+namespace tarvelint {
 
 /// The cue labels that report the selection.
 class SelectionCues {
 public:
-    explicit SelectionCues(Window& window) : m_window(window) {}
+    explicit SelectionCues(Window& window)
+        : m_window(window), m_view(window.view), m_record(window.data), m_env(window.env)
+    {
+    }
 
     /// Writes reading, day and time at both ends of the selection, always of the unconverted layer. A selection that
     /// is not inside the record leaves the cues as they were; a column that does not exist gives an empty text.
@@ -16,6 +19,9 @@ public:
 
 private:
     Window& m_window;
+    View& m_view;
+    Record& m_record;
+    Environment& m_env;
 };
 
 } // namespace tarvelint
