@@ -1,14 +1,15 @@
 #!/usr/bin/env python3
 # SPDX-License-Identifier: MIT
-"""Tests of what tools/check_floors.py finds in a small house."""
+"""Tests of what tools/check_floors.py finds and of what tools/draw_house.py draws, on small houses."""
 import sys
 import unittest
+import xml.etree.ElementTree
 from pathlib import Path
 from tempfile import TemporaryDirectory
 
 sys.dont_write_bytecode = True
 
-from house import floors, includes, libraries  # noqa: E402
+from house import floors, includes, libraries, picture  # noqa: E402
 from house.floors import CLI, POSIX, QT, QT_CORE, Floor  # noqa: E402
 
 TABLE = (
@@ -62,6 +63,10 @@ FILES = {
 }
 
 
+PLACES = {"app/qt": (0, 100), "app": (0, 60), "clock": (75, 100), "edit": (0, 20), "view": (30, 50),
+          "batch": (55, 70), "data": (0, 100)}
+
+
 class SmallHouse(unittest.TestCase):
     def setUp(self):
         folder = TemporaryDirectory()
@@ -113,7 +118,8 @@ class Includes(SmallHouse):
     def test_another_spelling_of_the_directive(self):
         for directive in ("  #  include\t", "/* why */ #include ", "#/**/include", "#include_next ", "#import "):
             with self.subTest(directive):
-                self.assert_refused("data/data.h", f'{directive}"app/app.h"', 'data/ may not include app/ ("app/app.h")')
+                self.assert_refused("data/data.h", f'{directive}"app/app.h"',
+                                    'data/ may not include app/ ("app/app.h")')
 
     def test_under_a_condition(self):
         self.add("data/data.h", '#ifdef SOMETHING\n#include "app/app.h"\n#endif\n')
@@ -222,6 +228,65 @@ class Libraries(SmallHouse):
     def test_a_header_that_includes_what_is_not_linked(self):
         self.replace("CMakeLists.txt", "KNOWS tarvelint_edit tarvelint_view", "KNOWS tarvelint_view")
         self.assert_faults("tarvelint_app includes edit/ and does not link its library")
+
+
+class Picture(SmallHouse):
+    def drawing(self, **other_places):
+        return picture.Drawing(self.src, TABLE, PLACES | other_places)
+
+    def arrows(self):
+        return {(above, below) for above, belows in self.drawing().arrows.items() for below in belows}
+
+    def elements(self, look):
+        root = xml.etree.ElementTree.fromstring(picture.draw(self.src, TABLE, PLACES))
+        return [element for element in root.iter() if look in element.get("class", "").split()]
+
+    def test_every_folder_has_a_box_with_its_name(self):
+        self.assertEqual(len(self.elements("box")), len(TABLE) + 2)  # two more explain the colours
+        self.assertEqual([element.text for element in self.elements("name")],
+                         ["app/qt/", "app/", "edit/", "view/", "batch/", "clock/", "data/"])
+
+    def test_an_arrow_for_what_no_other_arrows_lead_to(self):
+        self.assertEqual(self.arrows(), {("app/qt", "app"), ("app", "edit"), ("app", "view"), ("edit", "data"),
+                                         ("view", "data"), ("batch", "data"), ("clock", "data")})
+        self.assertEqual(len(self.elements("arrow")), 7)
+
+    def test_what_other_arrows_lead_to_is_named(self):
+        self.assertEqual([element.text for element in self.elements("also")], ["also data"])  # app, over edit and view
+
+    def test_what_is_used_from_outside_is_named(self):
+        self.assertEqual([element.text for element in self.elements("uses")],
+                         ["uses Qt", "uses CLI11", "uses Qt Core, POSIX"])
+
+    def test_a_new_include_of_a_folder_changes_the_picture(self):
+        before = picture.draw(self.src, TABLE, PLACES)
+        self.add("app/qt/main.cpp", "#include <string>\nint a;\n" + '#include "app/app.h"\n')
+        self.assertEqual(picture.draw(self.src, TABLE, PLACES), before)
+        self.add("app/qt/main.cpp", '#include "clock/clock.cpp"\n')
+        self.assertNotEqual(picture.draw(self.src, TABLE, PLACES), before)
+        self.assertIn(("app/qt", "clock"), self.arrows())
+
+    def test_an_arrow_past_a_floor_runs_through_the_gap(self):
+        # The picture goes from 40 to 1000: batch ends at 712 and clock starts at 760, each keeps 7 away.
+        self.assertAlmostEqual(self.drawing().place_of_arrow("app/qt", "data"), (719 + 753) / 2)
+        # A wider gap behind clock, which then ends at 904; at the ends of a box 14 are kept.
+        self.assertAlmostEqual(self.drawing(clock=(75, 90)).place_of_arrow("app/qt", "data"), (911 + 986) / 2)
+
+    def test_an_arrow_without_a_gap_slants(self):
+        drawing = self.drawing(batch=(55, 74))  # ends 9.6 before clock
+        self.assertIsNone(drawing.place_of_arrow("app/qt", "data"))
+        # From the middle of app/qt to the middle of data, which clock hides.
+        self.assertRegex(self.drawing(data=(80, 100)).arrow("app/qt", "data")[0], r"M520\.0 \d+L904\.0 ")
+
+    def test_the_small_print_stays_in_its_box(self):
+        for folder, lines in picture.Drawing(self.src, TABLE, PLACES).lines.items():
+            left, right = PLACES[folder]
+            for _, line in lines:
+                self.assertLess(6.5 * len(line), 9.6 * (right - left) - 28, line)
+
+    def test_a_folder_without_a_place(self):
+        with self.assertRaisesRegex(ValueError, "differ in: edit"):
+            picture.draw(self.src, TABLE, {folder: place for folder, place in PLACES.items() if folder != "edit"})
 
 
 class Table(unittest.TestCase):

@@ -1,2 +1,2 @@
 # SPDX-License-Identifier: MIT
-"""The house: which folder of src/ may know which, and what the source does about it."""
+"""The house: which folder of src/ may know which, what the source does about it, and its picture."""

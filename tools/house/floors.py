@@ -26,17 +26,17 @@ UP_TO_FORMS = ("data", "window", *WORK_ON_A_WINDOW, "forms")
 TABLE = (
     Floor("data", "record, settings, numbers as text, file format, reader and writer"),
     Floor("window", "one window without its widgets, and what it may ask of the toolkit and the machine", ("data",)),
-    Floor("machine", "real clock, files, settings", ("data", "window"), (QT_CORE, POSIX)),
+    Floor("machine", "clock, files, settings", ("data", "window"), (QT_CORE, POSIX)),
     Floor("edit", "selection, undo", ("data", "window")),
     Floor("baseline", "zero flow, its points", ("data", "window")),
     Floor("equation", "equation, conversion", ("data", "window")),
     Floor("view", "plot, lists, cues", ("data", "window")),
     Floor("forms", "the plain halves of the dialogs", ("data", "window", *WORK_ON_A_WINDOW)),
-    Floor("dialogs", "their boxes and buttons", UP_TO_FORMS, (QT,)),
+    Floor("dialogs", "the dialogs' widgets", UP_TO_FORMS, (QT,)),
     # A run without windows has no selection, no undo and no plot.
     Floor("batch", "the program without windows", ("data", "window", "baseline", "equation", "forms", "machine"),
           (CLI, POSIX)),
-    Floor("app", "commands, file commands, windows' lives", UP_TO_FORMS),
+    Floor("app", "commands, files, windows' lives, texts", UP_TO_FORMS),
     Floor("app/qt", "the desktop program: the main window, its wiring, start-up",
           (*UP_TO_FORMS, "machine", "dialogs", "app"), (QT,)),
 )

@@ -10,7 +10,11 @@ from .includes import SUFFIXES, folder_of, read, source_files
 COMMAND = re.compile(r"(\w+)\s*\(([^()]*)\)")
 KEYWORDS = frozenset("PUBLIC PRIVATE INTERFACE STATIC SHARED OBJECT SOURCES KNOWS".split())
 FLAGS = "tarvelint_options"
-OUTSIDE = ((re.compile(r"Qt6::Core"), (QT_CORE, QT)), (re.compile(r"Qt6::\w+"), (QT,)), (re.compile(r"CLI11::CLI11"), (CLI,)))
+OUTSIDE = (
+    (re.compile(r"Qt6::Core"), (QT_CORE, QT)),
+    (re.compile(r"Qt6::\w+"), (QT,)),
+    (re.compile(r"CLI11::CLI11"), (CLI,)),
+)
 
 
 @dataclass
@@ -107,9 +111,10 @@ def link_faults(target, floor, targets):
         if link == FLAGS:
             continue
         if link in targets:
-            above = sorted(reached(link, targets) - {floor.folder, *floor.may_include}) if not targets[link].sources \
-                else [folder for folder in targets[link].folders() if folder not in (floor.folder, *floor.may_include)]
-            yield from (f"{target.name} links {link}, but {floor.folder}/ may not include {folder}/" for folder in above)
+            # A library without sources is another name for what it links.
+            folders = set(targets[link].folders()) or reached(link, targets)
+            for folder in sorted(folders - {floor.folder, *floor.may_include}):
+                yield f"{target.name} links {link}, but {floor.folder}/ may not include {folder}/"
             continue
         kinds = next((kinds for pattern, kinds in OUTSIDE if pattern.fullmatch(link)), ())
         if not set(kinds) & set(floor.outside):
