@@ -39,7 +39,8 @@ FILES = {
           add_library(tarvelint_${name} STATIC ${arg_SOURCES})
           target_link_libraries(tarvelint_${name} PRIVATE tarvelint_options PUBLIC ${arg_KNOWS})
         endfunction()
-        tarvelint_floor(data SOURCES data/data.cpp)  # not (app/app.cpp)
+        tarvelint_floor(data SOURCES  # not (yet) app/app.cpp
+          data/data.cpp)
         tarvelint_floor(edit KNOWS tarvelint_data SOURCES edit/edit.cpp)
         tarvelint_floor(view KNOWS tarvelint_data SOURCES view/view.cpp)
         tarvelint_floor(app KNOWS tarvelint_edit tarvelint_view SOURCES app/app.cpp)
