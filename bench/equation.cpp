@@ -5,7 +5,7 @@
 // of Recalculate All on a year of quarter hours.
 
 #include "equation/equation.h"
-#include "baseline/recalculation.h"
+#include "equation/recalculation.h"
 #include "support/test_window.h"
 
 #include <benchmark/benchmark.h>
