@@ -1,14 +1,16 @@
 // SPDX-License-Identifier: MIT
 //
-// The default equation, clip and missing-value test included: read from its text for every value, beside the same
-// expression compiled into a loop. Then the whole of Recalculate All on a year of quarter hours.
+// The default equation, clip and missing-value test included, beside the same expression compiled into a loop: "ratio"
+// is ours to the compiled one, measured by turns. Then texts of the longest length, read and evaluated, and the whole
+// of Recalculate All on a year of quarter hours.
 
-#include "baseline/recalculation.h"
-#include "equation/evaluator.h"
+#include "equation/equation.h"
+#include "equation/recalculation.h"
 #include "support/test_window.h"
 
 #include <benchmark/benchmark.h>
 
+#include <chrono>
 #include <cmath>
 #include <cstdint>
 #include <random>
@@ -20,7 +22,7 @@ namespace {
 
 constexpr std::int32_t kRows = 35040; // a year at a quarter of an hour
 constexpr std::size_t kSensors = 20;
-constexpr double kBase = 11;
+constexpr double kZeroFlow = 11;
 constexpr const char* kEquation = "119*((B/X)-1)^1.23";
 
 /// 8 to 11 K.
@@ -35,34 +37,122 @@ const std::vector<double>& readings()
     return kReadings;
 }
 
-void value_fromText(benchmark::State& state)
+/// Chosen by the user when the program runs, so that the compiler knows neither.
+ConversionRule chosenRule()
 {
-    TestWindow window;
-    window.setChecked(Control::highBox, true);
-    Evaluator evaluator(window);
-    const std::string text = kEquation;
-    for (auto _ : state)
-        for (const double reading : readings()) {
-            std::string_view equation = text;
-            benchmark::DoNotOptimize(evaluator.convert(equation, reading, kBase));
-        }
-    state.SetItemsProcessed(state.iterations() * kRows);
+    ConversionRule rule;
+    benchmark::DoNotOptimize(rule);
+    return rule;
 }
-BENCHMARK(value_fromText)->Unit(benchmark::kMicrosecond);
 
-void value_byHand(benchmark::State& state)
+class GoOn : public FaultSink {
+public:
+    AfterFault onFault(const Fault&) override { return AfterFault::goOn; }
+};
+
+void convertByHand(const ConversionRule& rule, const std::vector<double>& baselines)
 {
-    TestWindow window;
-    window.setChecked(Control::highBox, true);
-    for (auto _ : state)
-        for (const double reading : readings()) {
-            double x = reading;
-            if (window.isChecked(Control::highBox) ? x > kBase : x < kBase) x = kBase;
-            benchmark::DoNotOptimize(window.data.isBlank(x) ? x : 119 * std::pow(kBase / x - 1, 1.23));
-        }
-    state.SetItemsProcessed(state.iterations() * kRows);
+    for (std::size_t row = 0; row < readings().size(); ++row) {
+        double x = readings()[row];
+        const double b = baselines[row];
+        if (rule.baselineIsHigh ? x > b : x < b) x = b;
+        benchmark::DoNotOptimize(x == rule.blank ? x : 119 * std::pow(b / x - 1, 1.23));
+    }
 }
-BENCHMARK(value_byHand)->Unit(benchmark::kMicrosecond);
+
+void convertByEquation(Equation& equation, const ConversionRule& rule, const std::vector<double>& baselines)
+{
+    GoOn sink;
+    for (std::size_t row = 0; row < readings().size(); ++row)
+        benchmark::DoNotOptimize(equation.evaluate(readings()[row], baselines[row], rule, sink));
+}
+
+template <class Work>
+double secondsFor(Work work)
+{
+    const auto start = std::chrono::steady_clock::now();
+    work();
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+void values_besideHandWritten(benchmark::State& state)
+{
+    const ConversionRule rule = chosenRule();
+    const std::vector<double> baselines(kRows, kZeroFlow);
+    Equation equation(kEquation);
+    double ours = 0;
+    double byHand = 0;
+    for (auto _ : state) {
+        byHand += secondsFor([&] { convertByHand(rule, baselines); });
+        ours += secondsFor([&] { convertByEquation(equation, rule, baselines); });
+    }
+    const double values = static_cast<double>(state.iterations()) * kRows;
+    state.counters["ns_ours"] = ours / values * 1e9;
+    state.counters["ns_byHand"] = byHand / values * 1e9;
+    state.counters["ratio"] = ours / byHand;
+}
+BENCHMARK(values_besideHandWritten)->Unit(benchmark::kMicrosecond);
+
+/// `unit` again and again, with a ")" at the end for each "(" in it, as long as an equation may be.
+std::string longText(const std::string& unit)
+{
+    std::string text;
+    std::string closing;
+    while (text.size() + unit.size() + closing.size() < kLongestEquation - 1) {
+        text += unit;
+        if (unit.find('(') != std::string::npos && unit.find(')') == std::string::npos) closing += ')';
+    }
+    return text + "X" + closing;
+}
+
+/// The left operands nested: "((X+1)+1)".
+std::string leftNest()
+{
+    constexpr std::size_t kDepth = kLongestEquation / 4;
+    std::string text = std::string(kDepth, '(') + "X";
+    for (std::size_t i = 0; i + 1 < kDepth; ++i) text += "+1)";
+    return text;
+}
+
+std::vector<std::string> longTexts()
+{
+    return {longText("X+B*X-"),
+            longText("X+"),
+            longText("X*"),
+            longText("X^"),
+            longText("1.0001*"),
+            longText("B-("),
+            longText("1^("),
+            longText("(X+1)*(B+1)-"),
+            longText("(B^"),
+            leftNest(),
+            std::string(kLongestEquation, '(')};
+}
+
+void longText_isRead(benchmark::State& state)
+{
+    const std::string text = longTexts().at(static_cast<std::size_t>(state.range()));
+    for (auto _ : state) {
+        Equation equation(text);
+        benchmark::DoNotOptimize(equation);
+    }
+    state.SetLabel(text.substr(0, 12) + "...");
+}
+BENCHMARK(longText_isRead)->DenseRange(0, 10)->Unit(benchmark::kMicrosecond);
+
+void longText_isEvaluated(benchmark::State& state)
+{
+    const std::string text = longTexts().at(static_cast<std::size_t>(state.range()));
+    Equation equation(text);
+    GoOn sink;
+    double x = 8;
+    for (auto _ : state) {
+        x += 1e-6;
+        benchmark::DoNotOptimize(equation.evaluate(x, kZeroFlow, {}, sink));
+    }
+    state.SetLabel(text.substr(0, 12) + "...");
+}
+BENCHMARK(longText_isEvaluated)->DenseRange(0, 10)->Unit(benchmark::kMicrosecond);
 
 void recalculate_all(benchmark::State& state)
 {
@@ -71,7 +161,7 @@ void recalculate_all(benchmark::State& state)
     window.setText(Control::FormulaBox, kEquation);
     window.setReadings(std::vector<std::vector<double>>(kSensors, readings()));
     for (std::int32_t column = 0; column < window.data.columns; ++column)
-        for (std::int32_t row = 0; row < kRows; ++row) window.data.values(kBaseline, column, row) = kBase;
+        for (std::int32_t row = 0; row < kRows; ++row) window.data.values(kBaseline, column, row) = kZeroFlow;
     Recalculation recalculation(window);
     for (auto _ : state) {
         recalculation.recalculate(-1);

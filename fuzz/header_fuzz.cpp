@@ -18,16 +18,16 @@ void require(bool holds)
 /// What a header says when it is written anew is what it said before.
 void checkRewritten(const FileHeader& header, char delimiter)
 {
-    const SaveChoices choices{.unconverted = (header.layerCode & 4) != 0,
-                              .baseline = (header.layerCode & 2) != 0,
-                              .converted = (header.layerCode & 1) != 0,
+    const SaveChoices choices{.unconverted = header.layers.unconverted,
+                              .baseline = header.layers.baseline,
+                              .converted = header.layers.converted,
                               .dots = true,
                               .labels = header.withLabels};
     const std::string line =
         composeHeader(choices, delimiter, header.columns, header.rows, 99999, "Friday, 20 November 2026", ",");
     require(isHeaderLine(line));
     const FileHeader again = parseHeader(line, delimiter);
-    require(again.layerCode == header.layerCode && again.columns == header.columns && again.rows == header.rows);
+    require(again.layers == header.layers && again.columns == header.columns && again.rows == header.rows);
     require(again.withLabels == header.withLabels && again.blankIsDot);
 }
 
@@ -38,7 +38,7 @@ void check(std::string_view line, char delimiter)
     try {
         const FileHeader header = parseHeader(line, delimiter);
         require(header.columns >= 1 && header.rows >= 1);
-        require(layerReads(header.layerCode, header.rows, header.withLabels).has_value());
+        require(!layerReads(header.layers, header.rows, header.withLabels).empty());
         checkRewritten(header, delimiter);
     } catch (const FormatFault& fault) {
         require(*fault.what() != '\0');

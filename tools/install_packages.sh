@@ -10,15 +10,15 @@ log=$root/build/log/packages.log
 
 packages_of() {
     case $1 in
-    build) echo g++ cmake ninja-build libcli11-dev qt6-base-dev ;;
+    build) echo g++ cmake ninja-build libcli11-dev qt6-base-dev qt6-svg-dev ;;
     # A window needs letters: Qt brings no font. Its xcb platform plug-in comes with its Gui library.
-    run) echo libqt6widgets6 fonts-dejavu-core ;;
+    run) echo libqt6widgets6 libqt6svg6 fonts-dejavu-core ;;
     # Only for a session that offers no X server beside Wayland.
     wayland) echo qt6-wayland ;;
     test)
         echo libgtest-dev libgmock-dev locales util-linux procps
         # The window tests: a display, a window manager, the accessibility tree, keys and screenshots.
-        echo xvfb xauth openbox xdotool x11-utils dbus dbus-x11 at-spi2-core imagemagick
+        echo xvfb xauth openbox xdotool x11-utils dbus dbus-x11 at-spi2-core imagemagick qt6-gtk-platformtheme
         echo python3 python3-gi python3-pyatspi gir1.2-atspi-2.0
         ;;
     bench) echo libbenchmark-dev r-base-core r-cran-data.table time ;;

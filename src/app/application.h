@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "data/file_format.h"
+
 #include <string>
 #include <vector>
 
@@ -14,6 +16,8 @@ public:
     virtual ~Application() = default;
     /// Captions of all open forms but `self`, dialogs included, first opened first.
     [[nodiscard]] virtual std::vector<std::string> otherCaptions(const Window& self) const = 0;
+    /// Type of the file last opened or saved in this run, in whichever window; at first the first.
+    FileType lastFileType = FileType::space;
     /// Shows the one options dialog for `parent`, without waiting; with `selectEquation` its whole equation is
     /// selected.
     virtual void showOptions(Window& parent, bool selectEquation) = 0;

@@ -1,8 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "app/captions.h"
 
+#include "app/application.h"
 #include "data/file_format.h"
 #include "data/numbers.h"
+#include "window/window.h"
 
 #include <algorithm>
 
@@ -14,6 +16,12 @@ std::string uniqueCaption(std::string candidate, std::span<const std::string> op
     while (std::find(openForms.begin(), openForms.end(), candidate) != openForms.end())
         candidate = std::string(kTitle) + " " + groupedText(++k, grouping);
     return candidate;
+}
+
+void setcaption(Window& window, const Application& application, std::string& captn)
+{
+    captn = uniqueCaption(captn, application.otherCaptions(window), window.env.style.grouping());
+    window.setCaption(captn);
 }
 
 } // namespace tarvelint

@@ -1,13 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "app/file_commands.h"
 
-#include "app/data_commands.h"
+#include "app/application.h"
+#include "app/captions.h"
+#include "app/command_table.h"
 #include "app/window_progress.h"
-#include "data/data_file_reader.h"
-#include "data/data_file_writer.h"
 #include "data/numbers.h"
+#include "edit/undo.h"
+#include "forms/window_forms.h"
+#include "view/column_lists.h"
+#include "view/scrolling.h"
 
 #include <utility>
+#include <vector>
 
 namespace tarvelint {
 
@@ -19,26 +24,11 @@ const std::vector<FileDialog::Filter> kOpenFilters{{"Space Delimited (*.asc)", "
 const std::vector<FileDialog::Filter> kSaveFilters{
     {"Space Delimited (*.asc)", "*.asc"}, {"Tab delimited (*.txt)", "*.txt"}, {"_Comma Delimited (*.csv)", "*.csv"}};
 
-/// A data set without a record that keeps what the window is set to.
-DataSet settingsOf(const DataSet& old)
+/// What the file dialogs call a type, without its patterns.
+std::string nameOf(FileType type)
 {
-    DataSet fresh;
-    fresh.blank = old.blank;
-    fresh.zeroOut = old.zeroOut;
-    fresh.saveCheck = old.saveCheck;
-    fresh.dateCol = old.dateCol;
-    fresh.timeCol = old.timeCol;
-    fresh.vpdCol = old.vpdCol;
-    fresh.parCol = old.parCol;
-    fresh.vpdLimit = old.vpdLimit;
-    fresh.parLimit = old.parLimit;
-    fresh.lullTime = old.lullTime;
-    return fresh;
-}
-
-std::string titled(const std::string& path)
-{
-    return std::string(kTitle) + ": " + path;
+    const std::string& text = kOpenFilters[static_cast<std::size_t>(type) - 1].text;
+    return text.substr(0, text.find(" ("));
 }
 
 /// Bytes of a UTF-8 name that are left without its last four characters.
@@ -72,184 +62,161 @@ std::string savedName(const std::string& path, FileType type)
 
 void FileCommands::mnuFileOpen_Click()
 {
-    if (!m_window.varList[0].entries.empty() && !m_window.data.saveCheck && !savedialog("Open new file:")) return;
-    FileDialog dialog{"Open", kOpenFilters, FileType::space};
-    if (!m_window.data.fileDelimiter.empty()) dialog.selected = fileTypeOf(m_window.data.fileDelimiter.front());
-    const auto file = m_window.ui.openFileDialog(dialog);
-    if (file && !file->path.empty()) openFile(*file);
+    if (!m_view.columnEntries.empty() && !m_record.saveCheck && !savedialog("Open new file:")) return;
+    auto file = m_window.dialogs.openFileDialog({"Open", kOpenFilters, m_application.lastFileType});
+    if (file && !file->path.empty() && settleType(*file)) openFile(*file);
+}
+
+/// False when the user would rather not open the file.
+bool FileCommands::settleType(ChosenFile& file)
+{
+    const auto likelier = likelierType(m_env.files, file.path, file.type);
+    if (!likelier) return true;
+    const std::string question = "As \"" + nameOf(file.type) + "\" the first row of " + file.path +
+                                 " is one column, as \"" + nameOf(likelier->type) + "\" it is " +
+                                 plainText(static_cast<std::int64_t>(likelier->fields)) + " columns. Open it as \"" +
+                                 nameOf(likelier->type) + "\"?";
+    const Answer answer = m_ui.messageBox({question, "Open", Buttons::yesNoCancel, Icon::warning});
+    if (answer == Answer::yes) file.type = likelier->type;
+    return answer != Answer::cancel;
 }
 
 void FileCommands::openFile(const ChosenFile& file)
 {
-    Loaded loaded = readRecord(file);
-
-    m_window.data = std::move(loaded.data);
-    m_window.data.filePath = file.path;
-    m_window.data.fileDelimiter = delimiterOf(file.type);
-    m_window.readWithLabels = loaded.hadLabelsLine;
-    m_window.readLayers = loaded.layerCode;
-    fillColumnLists(); // nothing is chosen from here on, so the reset below draws nothing of the new record
-    resetForNewRecord();
-    std::string caption = titled(file.path);
-    m_window.setcaption(caption);
-
-    if (m_window.haveLabelForm()) {
-        m_window.ui.unloadColumnSetup();
-        m_window.labelFrm.reset();
-    }
-    if (!loaded.hadHeader) showColumnSetup();
+    LoadedRecord loaded = read(file);
+    takeRecord(loaded, file);
+    showCaption(file.path);
+    m_forms.unloadColumnSetup();
+    if (!loaded.hadHeader) m_forms.showNewColumnSetup();
     enableForWork();
     showModeAfterLoad();
-    m_window.chooseColumn(0, 0);
-    if (!loaded.warning.empty())
-        m_window.ui.messageBox({loaded.warning, std::string(kTitle), Buttons::ok, Icon::warning});
+    ColumnLists(m_window).choose(0, 0);
+    if (!loaded.warning.empty()) m_ui.messageBox({loaded.warning, std::string(kTitle), Buttons::ok, Icon::warning});
 }
 
-FileCommands::Loaded FileCommands::readRecord(const ChosenFile& file)
+LoadedRecord FileCommands::read(const ChosenFile& file)
 {
     const BusyDisplay busy(m_window);
-    std::unique_ptr<std::istream> stream;
-    try {
-        stream = m_window.env.files.openForReading(file.path);
-    } catch (const FileFailure& failure) {
-        throw FormatFault("The file " + file.path + " cannot be opened: " + failure.what() +
-                              ". Check its name and permissions, or choose another file.",
-                          "Error reading file:");
-    }
-    DataSet fresh = settingsOf(m_window.data);
     WindowProgress progress(m_window);
-    DataFileReader reader(*stream, file.path, delimiterOf(file.type), fresh, progress,
-                          [this] { return readBlankSetting(m_window.env.settings); });
-    reader.load();
-    return {std::move(fresh), reader.hadHeader(), reader.hadLabelsLine(), reader.layerCode(), reader.warning()};
+    return readRecord(m_env.files, file.path, file.type,
+                      {m_record.blank, m_record.zeroOut, [this] { return readBlankSetting(m_env.settings); }},
+                      progress);
+}
+
+void FileCommands::takeRecord(LoadedRecord& loaded, const ChosenFile& file)
+{
+    static_cast<DataSet&>(m_record) = std::move(loaded.data);
+    m_record.parameters.assign(static_cast<std::size_t>(m_record.columns), false);
+    m_record.savesLabels = loaded.hadLabelsLine;
+    m_window.file = {.filePath = file.path, .savePath = {}, .fileDelimiter = file.type};
+    m_application.lastFileType = file.type;
+    ColumnLists(m_window).fill(); // nothing is chosen from here on, so the reset below draws nothing of the new record
+    m_ui.surface(1).erase();
+    resetForNewRecord();
 }
 
 void FileCommands::resetForNewRecord()
 {
-    Window& w = m_window;
-    w.Turbo = false;
-    w.basePoints.allocate(0, 0);
-    w.sensorCols.clear();
-    w.sensors = 0;
-    w.curSensor = w.markRow = w.dragRow = w.grabbedPoint = -1;
-    w.hoverRow = w.selStart = w.selEnd = w.lastClick = 0;
-    w.chainActive = false;
-    w.savePath.clear();
-    w.forgetUndo();
-    w.setScrollRange(0, 1, 1);
-    w.setText(Control::colLabel, plainText(w.data.columns));
-    w.setText(Control::rowLabel, plainText(w.data.lines));
-}
-
-void FileCommands::fillColumnLists()
-{
-    std::vector<std::string> entries = m_window.data.labels;
-    if (!m_window.isChecked(Control::labelBox))
-        for (std::size_t i = 0; i < entries.size(); ++i) entries[i] = plainText(static_cast<std::int64_t>(i) + 1);
-    m_window.setListEntries(entries);
-    m_window.ui.surface(1).erase();
-}
-
-void FileCommands::showColumnSetup()
-{
-    m_window.labelFrm = std::make_unique<ColumnSetup>(m_window);
-    m_window.labelFrm->Form_Load();
-    m_window.ui.showColumnSetup(true);
+    m_view.Turbo = m_view.chainActive = false;
+    m_sensors.clear();
+    m_view.curSensor = -1;
+    m_view.dropPoint();
+    m_view.hoverRow = m_view.selStart = m_view.selEnd = m_view.lastClick = 0;
+    m_undo.forget();
+    m_window.setScrollRange(0, 1, 1);
+    m_window.setNoZeroFlow(false);
+    m_window.setText(Control::colLabel, plainText(m_record.columns));
+    m_window.setText(Control::rowLabel, plainText(m_record.lines));
 }
 
 void FileCommands::enableForWork()
 {
-    for (const Control control : kDataCommands) m_window.setEnabled(control, true);
-    m_window.setEnabled(Control::mnuViewZoomIn, m_window.zoomFactor < 8);
-    m_window.setEnabled(Control::mnuViewZoomOut, m_window.zoomFactor > 1);
-    m_window.HScroll1.Min = 0;
-    m_window.scrollset();
+    for (const Control control : controlsThatNeed(Needs::record)) m_window.setEnabled(control, true);
+    Scrolling scrolling(m_window);
+    scrolling.showZoomEntries();
+    m_view.HScroll1.Min = 0;
+    scrolling.fitScrollBar();
 }
 
 void FileCommands::showModeAfterLoad()
 {
-    m_window.setStatus(1, m_window.lineMode ? "Mode: one-click baseline" : "Mode: select data");
-    m_window.setPointer(m_window.lineMode ? Pointer::northSouth : Pointer::cross);
-    m_window.setStatus(2, m_window.curLayer == kUnconverted ? "Viewing intput data" : "Viewing output data");
+    m_window.setStatus(1, m_view.lineMode ? "Mode: one-click baseline" : "Mode: select data");
+    m_window.setPointer(m_view.lineMode ? Pointer::northSouth : Pointer::cross);
+    m_window.setStatus(2, m_view.curLayer == kUnconverted ? "Viewing intput data" : "Viewing output data");
 }
 
-void FileCommands::saveFile(const std::string& save_type)
+void FileCommands::showCaption(const std::string& path)
 {
-    if (!chooseContents()) return;
-    const bool nameIsKnown =
-        !m_window.savePath.empty() && save_type != "Save As:" && !m_window.data.fileDelimiter.empty();
-    if (!nameIsKnown && !chooseName(save_type)) return;
-    if (!tryWriting()) return;
-    std::string caption = titled(m_window.savePath);
-    m_window.setcaption(caption);
-    m_window.data.saveCheck = true;
+    std::string caption = std::string(kTitle) + ": " + path;
+    setcaption(m_window, m_application, caption);
+}
+
+void FileCommands::saveFile(SaveKind kind)
+{
+    if (!m_forms.askContents()) return;
+    const FileState& file = m_window.file;
+    std::optional<ChosenFile> target;
+    if (kind == SaveKind::save && !file.savePath.empty() && file.fileDelimiter)
+        target = ChosenFile{file.savePath, *file.fileDelimiter};
+    else
+        target = chooseName(kind == SaveKind::saveAs ? "Save As:" : "Save:");
+    if (!target || !tryWriting(*target)) return;
+    m_window.file.savePath = target->path;
+    m_window.file.fileDelimiter = m_application.lastFileType = target->type;
+    showCaption(target->path);
+    m_record.saveCheck = true;
     m_window.setEnabled(Control::mnuFileSave, true);
 }
 
-bool FileCommands::chooseContents()
+std::optional<ChosenFile> FileCommands::chooseName(const std::string& title)
 {
-    if (!m_window.typeFrm) m_window.typeFrm = std::make_unique<SaveContents>();
-    m_window.typeFrm->open();
-    m_window.ui.showSaveContents();
-    return m_window.typeFrm && m_window.typeFrm->result == "OK";
-}
-
-bool FileCommands::chooseName(const std::string& save_type)
-{
-    FileDialog dialog{save_type, kSaveFilters, FileType::space};
-    if (!m_window.data.fileDelimiter.empty()) dialog.selected = fileTypeOf(m_window.data.fileDelimiter.front());
-    while (const auto file = m_window.ui.saveFileDialog(dialog)) {
-        if (file->path.empty()) return false;
+    const FileDialog dialog{title, kSaveFilters, m_application.lastFileType};
+    while (const auto file = m_window.dialogs.saveFileDialog(dialog)) {
+        if (file->path.empty()) return std::nullopt;
         const std::string name = savedName(file->path, file->type);
-        if (!mayReplace(name, *file, save_type)) continue;
-        m_window.savePath = name;
-        m_window.data.fileDelimiter = delimiterOf(file->type);
-        return true;
+        if (mayReplace(name, *file, title)) return ChosenFile{name, file->type};
     }
-    return false;
+    return std::nullopt;
 }
 
 bool FileCommands::mayReplace(const std::string& name, const ChosenFile& confirmed, const std::string& title)
 {
     // The dialog asked about the name as typed; the cut extension may have led to another file.
-    if (name == confirmed.path || !m_window.env.files.exists(name)) return true;
-    return m_window.ui.messageBox({name + " already exists. Do you want to replace it?", title, Buttons::yesNo,
-                                   Icon::warning}) == Answer::yes;
+    if (name == confirmed.path || !m_env.files.exists(name)) return true;
+    return m_ui.messageBox({name + " already exists. Do you want to replace it?", title, Buttons::yesNo,
+                            Icon::warning}) == Answer::yes;
 }
 
-bool FileCommands::tryWriting()
+bool FileCommands::tryWriting(const ChosenFile& target)
 {
     std::string reason;
     try {
-        writeFile();
+        write(target);
         return true;
     } catch (const FileFailure& failure) {
         reason =
             failure.kind() == FileFailure::Kind::inUse ? "The file is in use by another application" : failure.what();
     }
-    m_window.ui.messageBox({reason, "Cannot save:", Buttons::ok, Icon::critical});
+    m_ui.messageBox({reason, "Cannot save:", Buttons::ok, Icon::critical});
     return false;
 }
 
-void FileCommands::writeFile()
+void FileCommands::write(const ChosenFile& target)
 {
     const BusyDisplay busy(m_window);
     m_window.setStatus(1, "Status: writing file");
-    const SaveContents& contents = *m_window.typeFrm;
+    const SaveContents& contents = *m_forms.typeFrm;
     const SaveChoices choices{contents.inCheck,     contents.baseCheck,  contents.outCheck,
-                              contents.headerCheck, contents.blankCheck, m_window.savesLabels()};
-    const HeaderStyle style{m_window.env.style.longDate(), m_window.env.style.grouping()};
+                              contents.headerCheck, contents.blankCheck, m_record.savesLabels};
     WindowProgress progress(m_window);
-    const auto file = m_window.env.files.createSafely(m_window.savePath);
-    writeDataFile(m_window.data, choices, m_window.data.fileDelimiter.front(), style, *file, progress);
-    file->commit();
+    writeRecord(m_env.files, target.path, target.type, m_record, choices,
+                {m_env.style.longDate(), m_env.style.grouping()}, progress);
 }
 
 bool FileCommands::savedialog(const std::string& title)
 {
-    switch (
-        m_window.ui.messageBox({"Do you want to save the current file?", title, Buttons::yesNoCancel, Icon::warning})) {
-    case Answer::yes: mnuFileSaveAs_Click(); return m_window.data.saveCheck;
+    switch (m_ui.messageBox({"Do you want to save the current file?", title, Buttons::yesNoCancel, Icon::warning})) {
+    case Answer::yes: mnuFileSaveAs_Click(); return m_record.saveCheck;
     case Answer::no: return true;
     default: return false;
     }

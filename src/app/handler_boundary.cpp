@@ -28,7 +28,7 @@ void HandlerBoundary::command(const std::function<void()>& body)
 {
     if (m_busy) return;
     const Raised busy(m_busy);
-    const Pointer pointer = m_window.pointer;
+    const Pointer pointer = m_window.pointer();
     const std::string status = m_window.text(Control::statusPanel1);
     if (guarded(body)) return;
     m_window.setPointer(pointer);

@@ -1,87 +1,75 @@
 // SPDX-License-Identifier: MIT
 #include "app/lifecycle.h"
 
-#include "app/data_commands.h"
+#include "app/captions.h"
+#include "app/command_table.h"
 #include "data/file_format.h"
 #include "data/settings_store.h"
 
 namespace tarvelint {
 
-namespace {
-
-/// Off until a record is there, like the data commands; what puts them on is not the load alone.
-constexpr Control kOffAtFirst[] = {Control::mnuEditUndo, Control::mnuViewZoomIn, Control::mnuViewZoomOut,
-                                   Control::Picture1_1, Control::refBox};
-
-} // namespace
-
 void Lifecycle::Form_Load()
 {
     applySettings();
-    m_window.curLayer = kUnconverted;
-    m_window.data.saveCheck = true;
-    for (const Control control : kDataCommands) m_window.setEnabled(control, false);
-    for (const Control control : kOffAtFirst) m_window.setEnabled(control, false);
+    m_view.curLayer = kUnconverted;
+    m_record.saveCheck = true;
+    for (const Needs needs : {Needs::record, Needs::more})
+        for (const Control control : controlsThatNeed(needs)) m_window.setEnabled(control, false);
     for (const Control box : {Control::scaleBox0, Control::scaleBox1, Control::labelBox, Control::mnuViewToolbar,
                               Control::mnuViewStatusBar})
         m_window.setChecked(box, true);
     m_window.setVisible(Control::mnuFileMRU, false);
     m_window.setVisible(Control::HScroll1, false);
     std::string caption(kTitle);
-    m_window.setcaption(caption);
+    setcaption(m_window, m_application, caption);
 }
 
 void Lifecycle::applySettings()
 {
-    const WindowSettings settings = readWindowSettings(m_window.env.settings);
-    m_window.zoomFactor = settings.zoomFactor;
-    m_window.ui.setGeometry(settings.geometry);
-    m_window.data.dateCol = settings.date;
-    m_window.data.timeCol = settings.time;
+    const WindowSettings settings = readWindowSettings(m_env.settings);
+    m_view.zoomFactor = settings.zoomFactor;
+    m_ui.setGeometry(settings.geometry);
+    m_view.dateCol = settings.date;
+    m_view.timeCol = settings.time;
     m_window.setText(Control::FormulaBox, settings.equation);
-    m_window.data.blank = settings.blank;
+    m_record.blank = settings.blank;
     m_window.setText(Control::refBox, settings.ref);
     m_window.setChecked(Control::highBox, settings.high);
-    m_window.data.zeroOut = settings.zero;
+    m_record.zeroOut = settings.zero;
 }
 
 void Lifecycle::mnuFileNew_Click()
 {
-    const Geometry screen = m_window.ui.screen();
-    writeNewWindowGeometry(m_window.env.settings, m_window.ui.geometry(), screen.width, screen.height);
+    const Geometry screen = m_ui.screen();
+    writeNewWindowGeometry(m_env.settings, m_ui.geometry(), screen.width, screen.height);
     m_application.newWindow();
 }
 
 void Lifecycle::mnuFileClose_Click()
 {
-    if (!m_window.data.saveCheck && !m_files.savedialog("Close window:")) return;
+    if (!m_record.saveCheck && !m_files.savedialog("Close window:")) return;
     unloadDialogs();
     m_asked = true; // the answer holds: the close handling does not ask again
-    m_window.ui.unload();
+    m_ui.unload();
 }
 
 void Lifecycle::Form_QueryUnload(bool& cancel)
 {
-    cancel = !m_asked && !m_window.data.saveCheck && !m_files.savedialog("Close window:");
+    const bool wasMinimised = m_ui.isMinimised(); // before the question raises the window
+    cancel = !m_asked && !m_record.saveCheck && !m_files.savedialog("Close window:");
     m_asked = false;
     unloadDialogs();
     m_application.unloadOptions();
-    const ClosingSettings settings{m_window.text(Control::refBox), m_window.isChecked(Control::highBox),
-                                   m_window.data.dateCol, m_window.data.timeCol, m_window.zoomFactor};
-    const Geometry geometry = m_window.ui.geometry();
-    writeClosingSettings(m_window.env.settings, settings, m_window.ui.isMinimised() ? nullptr : &geometry);
+    const ClosingSettings settings{m_window.text(Control::refBox), m_window.conversionSettings.baselineIsHigh,
+                                   m_view.dateCol, m_view.timeCol, m_view.zoomFactor};
+    const Geometry geometry = m_ui.geometry();
+    writeClosingSettings(m_env.settings, settings, wasMinimised ? nullptr : &geometry);
 }
 
 void Lifecycle::unloadDialogs()
 {
-    if (m_window.haveLabelForm()) {
-        m_window.ui.unloadColumnSetup();
-        m_window.labelFrm.reset();
-    }
-    if (m_window.haveTypeForm()) {
-        m_window.ui.unloadSaveContents();
-        m_window.typeFrm.reset();
-    }
+    m_forms.unloadColumnSetup();
+    m_forms.unloadSaveContents();
 }
 
 void Lifecycle::toggleBar(Control entry, Control bar)

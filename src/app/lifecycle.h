@@ -3,6 +3,7 @@
 
 #include "app/application.h"
 #include "app/file_commands.h"
+#include "forms/window_forms.h"
 #include "window/window.h"
 
 namespace tarvelint {
@@ -10,8 +11,9 @@ namespace tarvelint {
 /// A main window's coming and going: creation from the settings, New, Close, Exit, and what runs however it closes.
 class Lifecycle {
 public:
-    Lifecycle(Window& window, Application& application, FileCommands& files)
-        : m_window(window), m_application(application), m_files(files)
+    Lifecycle(Window& window, Application& application, FileCommands& files, WindowForms& forms)
+        : m_window(window), m_view(window.view), m_record(window.data), m_ui(window.ui), m_env(window.env),
+          m_application(application), m_files(files), m_forms(forms)
     {
     }
 
@@ -40,8 +42,13 @@ private:
     void toggleBar(Control entry, Control bar);
 
     Window& m_window;
+    View& m_view;
+    Record& m_record;
+    Ui& m_ui;
+    Environment& m_env;
     Application& m_application;
     FileCommands& m_files;
+    WindowForms& m_forms;
     bool m_asked = false; ///< File > Close has asked already
 };
 

@@ -96,27 +96,17 @@ std::string withLineBreaks(std::string text)
 /// The text whose number stands in `numberText`; `present` as it is when there is none.
 std::string replaced(const std::string& numberText, const std::string& present, const StringTable& table)
 {
-    try {
-        if (!isNumeric(numberText)) return present;
-        return table.find(roundToInt32(leadingNumber(numberText))).value_or(present);
-    } catch (const NumericOverflow&) {
-        return present;
-    }
+    const auto number = isNumeric(numberText) ? roundedToInt32(leadingNumber(numberText)) : std::nullopt;
+    return number ? table.find(*number).value_or(present) : present;
 }
 
 void loadOther(ResControl& control, const StringTable& table)
 {
     // Any other control may carry a text after its number ("1044 heading"): the leading number counts.
-    try {
-        const std::int32_t caption = roundToInt32(leadingNumber(control.tag));
-        if (caption > 0) control.caption = table.find(caption).value_or(control.caption);
-    } catch (const NumericOverflow&) {
-    }
-    try {
-        const std::int32_t tip = roundToInt32(leadingNumber(control.toolTip));
-        if (tip >= 1) control.toolTip = table.find(tip).value_or(control.toolTip);
-    } catch (const NumericOverflow&) {
-    }
+    if (const auto caption = roundedToInt32(leadingNumber(control.tag)); caption && *caption > 0)
+        control.caption = table.find(*caption).value_or(control.caption);
+    if (const auto tip = roundedToInt32(leadingNumber(control.toolTip)); tip && *tip >= 1)
+        control.toolTip = table.find(*tip).value_or(control.toolTip);
 }
 
 void loadControl(ResControl& control, const StringTable& table)
@@ -153,11 +143,8 @@ void StringTable::addTexts(std::istream& lines)
         const auto equals = line.find('=');
         if (equals == std::string::npos || !isNumeric(line.substr(0, equals))) continue;
         if (line.back() == '\r') line.pop_back();
-        try {
-            m_texts[roundToInt32(leadingNumber(line.substr(0, equals)))] = withLineBreaks(line.substr(equals + 1));
-        } catch (const NumericOverflow&) {
-            continue; // no number of a text
-        }
+        if (const auto number = roundedToInt32(leadingNumber(line.substr(0, equals))))
+            m_texts[*number] = withLineBreaks(line.substr(equals + 1));
     }
 }
 

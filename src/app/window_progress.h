@@ -11,7 +11,7 @@ namespace tarvelint {
 /// milliseconds, so a million rows are not a million trips through the event loop.
 class WindowProgress : public Progress {
 public:
-    explicit WindowProgress(Window& window) : m_window(window), m_breather(window) {}
+    explicit WindowProgress(Window& window) : m_window(window), m_breather(window.ui, window.env.clock) {}
     void status(const std::string& text) override;
     void row(std::int32_t row1) override;
 
@@ -25,7 +25,7 @@ private:
 class BusyDisplay {
 public:
     explicit BusyDisplay(Window& window)
-        : m_window(window), m_pointer(window.pointer), m_status(window.text(Control::statusPanel1)),
+        : m_window(window), m_pointer(window.pointer()), m_status(window.text(Control::statusPanel1)),
           m_rows(window.text(Control::rowLabel))
     {
         window.setPointer(Pointer::hourglass);

@@ -20,11 +20,48 @@ double sapFlux(double X, double b)
     return 119 * std::pow((b / Y) - 1, 1.23);
 }
 
+void clearRows(DataSet& data, std::int32_t column, std::int32_t first, std::int32_t last)
+{
+    for (std::int32_t r = first; r <= last; ++r) {
+        data.values(kBaseline, column, r) = 0;
+        data.values(kConverted, column, r) = data.blank;
+    }
+}
+
+/// The segments on both sides of a point that has been set.
+void recomputeAround(DataSet& data, const Sensors& sensors, std::int32_t sensor, std::int32_t point)
+{
+    const std::int32_t column = sensors.column(sensor);
+    if (const auto left = sensors.pointUpTo(sensor, point - 1))
+        turboCalc(data, column, *left, point);
+    else
+        clearRows(data, column, 0, point - 1);
+    if (const auto right = sensors.pointFrom(sensor, point + 1))
+        turboCalc(data, column, point, *right);
+    else
+        clearRows(data, column, point + 1, data.lines - 1);
+}
+
+/// The one segment in which a row without a point lies.
+void recomputeAcross(DataSet& data, const Sensors& sensors, std::int32_t sensor, std::int32_t gap)
+{
+    const std::int32_t column = sensors.column(sensor);
+    const auto left = sensors.pointUpTo(sensor, gap - 1);
+    const auto right = sensors.pointFrom(sensor, gap + 1);
+    if (left && right)
+        turboCalc(data, column, *left, *right);
+    else if (left)
+        clearRows(data, column, *left + 1, data.lines - 1);
+    else if (right)
+        clearRows(data, column, 0, *right - 1);
+    else
+        clearRows(data, column, 0, data.lines - 1);
+}
+
 } // namespace
 
-void BaselinePoints::turboCalc(std::int32_t column, std::int32_t lPoint, std::int32_t rPoint)
+void turboCalc(DataSet& data, std::int32_t column, std::int32_t lPoint, std::int32_t rPoint)
 {
-    DataSet& data = m_window.data;
     if (!data.hasColumn(column) || !data.hasRow(lPoint) || !data.hasRow(rPoint)) return;
     const auto readings = data.values.column(kUnconverted, column);
     const auto baseline = data.values.column(kBaseline, column);
@@ -47,110 +84,54 @@ void BaselinePoints::turboCalc(std::int32_t column, std::int32_t lPoint, std::in
     }
 }
 
-bool BaselinePoints::canSetPoints() const
+bool setPoint(DataSet& data, Sensors& sensors, std::int32_t sensor, std::int32_t toPoint, std::int32_t fromPoint,
+              bool dlt)
 {
-    const auto& points = m_window.basePoints;
-    return m_window.curSensor >= 0 && m_window.curSensor < points.sensors() && points.lines() == m_window.data.lines &&
-           m_window.data.hasColumn(m_window.curCol);
+    if (!sensors.has(sensor) || sensors.lines() != data.lines) return false;
+    if (!data.hasRow(toPoint) || fromPoint >= data.lines) return false;
+    if (!dlt && fromPoint > -1) sensors.setPoint(sensor, fromPoint, false);
+    sensors.setPoint(sensor, toPoint, !dlt);
+    dlt ? recomputeAcross(data, sensors, sensor, toPoint) : recomputeAround(data, sensors, sensor, toPoint);
+    return true;
 }
 
 void BaselinePoints::setPoint(std::int32_t toPoint, std::int32_t fromPoint, bool dlt)
 {
-    const DataSet& data = m_window.data;
-    if (!canSetPoints() || !data.hasRow(toPoint)) return;
-    if (dlt) {
-        m_window.basePoints.set(m_window.curSensor, toPoint, false);
-        recomputeAcross(toPoint);
-    } else {
-        if (fromPoint >= data.lines) return;
-        if (fromPoint > -1) m_window.basePoints.set(m_window.curSensor, fromPoint, false);
-        m_window.basePoints.set(m_window.curSensor, toPoint, true);
-        recomputeAround(toPoint);
-    }
-    m_window.markChanged();
-}
-
-void BaselinePoints::recomputeAround(std::int32_t point)
-{
-    if (const auto left = pointBelow(point))
-        turboCalc(m_window.curCol, *left, point);
-    else
-        clearRows(0, point - 1);
-    if (const auto right = pointAbove(point))
-        turboCalc(m_window.curCol, point, *right);
-    else
-        clearRows(point + 1, m_window.data.lines - 1);
-}
-
-void BaselinePoints::recomputeAcross(std::int32_t gap)
-{
-    const auto left = pointBelow(gap);
-    const auto right = pointAbove(gap);
-    if (left && right)
-        turboCalc(m_window.curCol, *left, *right);
-    else if (left)
-        clearRows(*left + 1, m_window.data.lines - 1);
-    else if (right)
-        clearRows(0, *right - 1);
-    else
-        clearRows(0, m_window.data.lines - 1);
-}
-
-std::optional<std::int32_t> BaselinePoints::pointBelow(std::int32_t row) const
-{
-    for (std::int32_t r = row - 1; r >= 0; --r)
-        if (m_window.basePoints(m_window.curSensor, r)) return r;
-    return std::nullopt;
-}
-
-std::optional<std::int32_t> BaselinePoints::pointAbove(std::int32_t row) const
-{
-    for (std::int32_t r = row + 1; r < m_window.data.lines; ++r)
-        if (m_window.basePoints(m_window.curSensor, r)) return r;
-    return std::nullopt;
-}
-
-void BaselinePoints::clearRows(std::int32_t first, std::int32_t last)
-{
-    Values& values = m_window.data.values;
-    for (std::int32_t r = first; r <= last; ++r) {
-        values(kBaseline, m_window.curCol, r) = 0;
-        values(kConverted, m_window.curCol, r) = m_window.data.blank;
-    }
+    if (tarvelint::setPoint(m_window.data, m_window.sensors, m_window.view.curSensor, toPoint, fromPoint, dlt))
+        m_window.markChanged();
 }
 
 void BaselinePoints::interpolate()
 {
-    const std::int32_t selStart = m_window.selStart;
-    const std::int32_t selEnd = m_window.selEnd;
-    if (selEnd == selStart) {
-        m_window.ui.beep();
-        return;
-    }
     DataSet& data = m_window.data;
-    if (selEnd < selStart || !data.hasRow(selStart) || !data.hasRow(selEnd) || !data.hasColumn(m_window.curCol)) return;
+    const View& view = m_window.view;
+    const std::int32_t selStart = view.selStart;
+    const std::int32_t selEnd = view.selEnd;
+    if (selEnd == selStart) return m_window.ui.beep();
+    if (selEnd < selStart || !data.hasRow(selStart) || !data.hasRow(selEnd) || !data.hasColumn(view.curCol())) return;
 
-    const auto cells = data.values.column(m_window.curLayer, m_window.curCol);
+    const auto cells = data.values.column(view.curLayer, view.curCol());
     const double step = (cells[selEnd] - cells[selStart]) / (static_cast<double>(selEnd) - selStart);
     double v = cells[selStart];
     for (std::ptrdiff_t r = std::ptrdiff_t{selStart} + 1; r <= selEnd; ++r) {
         v = v + step;
         cells[r] = data.storable(v);
     }
-    if (m_window.Turbo && m_window.curLayer == kUnconverted && canSetPoints()) dropPointsInSelection();
+    if (view.Turbo && view.curLayer == kUnconverted && m_window.sensors.has(view.curSensor)) dropPointsInSelection();
     m_window.markChanged();
 }
 
 void BaselinePoints::dropPointsInSelection()
 {
+    const View& view = m_window.view;
     bool found = false;
-    for (std::int32_t r = m_window.selStart; r <= m_window.selEnd; ++r) {
-        if (!m_window.basePoints(m_window.curSensor, r)) continue;
+    for (std::int32_t r = view.selStart; r <= view.selEnd; ++r) {
+        if (!m_window.sensors.isPoint(view.curSensor, r)) continue;
         setPoint(r, -1, true);
         found = true;
     }
     // Unmarking a row that bears no mark recomputes the segment around it from the new readings.
-    if (!found) setPoint(m_window.selStart, -1, true);
+    if (!found) setPoint(view.selStart, -1, true);
 }
 
 } // namespace tarvelint

@@ -1,11 +1,10 @@
 // SPDX-License-Identifier: MIT
 #include "baseline/zero_flow.h"
 
-#include "window/window.h"
+#include "baseline/baseline_points.h"
 
 #include <algorithm>
 #include <limits>
-#include <optional>
 #include <vector>
 
 namespace tarvelint {
@@ -14,8 +13,6 @@ namespace {
 
 /// A point stands at least so many rows before the next one.
 constexpr std::int64_t kPointSpacing = 25;
-/// Rows of one block of the "Baseline" button: a day of half-hourly readings.
-constexpr std::int32_t kBlockRows = 48;
 /// Rows converted at a time: with a few dozen columns they stay in a processor's second cache.
 constexpr std::int32_t kCacheRows = 1024;
 
@@ -24,9 +21,10 @@ using Readings = ColumnView<const double>;
 /// The VPD and PAR readings of a record, against the limits of a calm, dark row.
 class LullTest {
 public:
-    explicit LullTest(const DataSet& data)
-        : m_vpd(data.values.column(kUnconverted, data.vpdCol)), m_par(data.values.column(kUnconverted, data.parCol)),
-          m_vpdLimit(data.vpdLimit), m_parLimit(data.parLimit), m_blank(data.blank)
+    LullTest(const DataSet& data, const ZeroFlowSettings& settings)
+        : m_vpd(data.values.column(kUnconverted, settings.vpdCol)),
+          m_par(data.values.column(kUnconverted, settings.parCol)), m_vpdLimit(settings.vpdLimit),
+          m_parLimit(settings.parLimit), m_blank(data.blank)
     {
     }
     /// One condition is enough to open a run, and a missing reading is a number like any other here; going on needs
@@ -46,7 +44,7 @@ private:
 };
 
 /// Flags the rows of the run that row `start` opens; returns the row that broke it, or the last row.
-std::int64_t flagRun(DataSet& data, const LullTest& lull, std::int64_t start)
+std::int64_t flagRun(DataSet& data, const LullTest& lull, std::int64_t start, std::int32_t lullTime)
 {
     std::int64_t r = start;
     std::int64_t count = 1;
@@ -54,7 +52,7 @@ std::int64_t flagRun(DataSet& data, const LullTest& lull, std::int64_t start)
         ++r;
         if (!lull.continues(r)) break;
         ++count;
-        if (count > data.lullTime) data.lullFlags[static_cast<std::size_t>(r)] = true;
+        if (count > lullTime) data.lullFlags[static_cast<std::size_t>(r)] = true;
     }
     return r;
 }
@@ -86,68 +84,11 @@ LookAhead lookAhead(const DataSet& data, Readings readings, std::int64_t candida
     return {candidate, false};
 }
 
-/// The first row with the highest reading of rows `first`..`last`; empty when all are missing.
-std::optional<std::int32_t> highestRow(const DataSet& data, std::int32_t column, std::int64_t first, std::int64_t last)
+/// Places the points of one sensor, each at the highest reading of its lull.
+std::int32_t placePoints(const DataSet& data, Sensors& sensors, std::int32_t sensor)
 {
-    const Readings readings = data.values.column(kUnconverted, column);
-    std::optional<std::int32_t> highest;
-    for (std::int64_t r = first; r <= last; ++r) {
-        if (data.isBlank(readings[r])) continue;
-        if (!highest || readings[r] > readings[*highest]) highest = static_cast<std::int32_t>(r);
-    }
-    return highest;
-}
-
-} // namespace
-
-void ZeroFlow::preProcess()
-{
-    DataSet& data = m_window.data;
-    if (data.lines == 0 || !data.hasColumn(data.vpdCol) || !data.hasColumn(data.parCol)) return;
-    const LullTest lull(data);
-    const std::int64_t stopRow = std::int64_t{data.lines} - data.lullTime - 1;
-    std::int64_t r = 0;
-    while (r < data.lines) {
-        if (lull.opens(r)) {
-            // The row that broke a run is never itself tried as a start.
-            r = flagRun(data, lull, r) + 1;
-        } else {
-            ++r;
-            // Only a row reached this way ends the search early; a run may jump over it.
-            if (r == stopRow) return;
-        }
-    }
-}
-
-void ZeroFlow::getBase()
-{
-    m_window.setStatus(1, "Determining baseline points...");
-    m_window.ui.paintStatus();
-    m_window.sensors = std::max(m_window.sensors, 0);
-    m_window.basePoints.allocate(m_window.sensors, m_window.data.lines);
-    listSensorColumns();
-    for (std::int32_t i = 0; i < m_window.sensors; ++i) placePoints(i);
-    m_window.setStatus(1, "Converting all data...");
-    m_window.ui.paintStatus();
-    convertBetweenPoints();
-    m_window.markChanged();
-}
-
-void ZeroFlow::listSensorColumns()
-{
-    auto& sensorCols = m_window.sensorCols;
-    sensorCols.assign(static_cast<std::size_t>(m_window.sensors), 0);
-    std::size_t found = 0;
-    for (std::int32_t k = 1; k <= m_window.data.columns && found < sensorCols.size(); ++k)
-        if (!m_window.isParameterColumn(k - 1)) sensorCols[found++] = k;
-}
-
-void ZeroFlow::placePoints(std::int32_t sensor)
-{
-    const DataSet& data = m_window.data;
-    const std::int32_t column = m_window.sensorColumn(sensor);
-    if (!data.hasColumn(column) || data.lines == 0) return;
-    const Readings readings = data.values.column(kUnconverted, column);
+    const Readings readings = data.values.column(kUnconverted, sensors.column(sensor));
+    std::int32_t placed = 0;
     std::int64_t r = 0;
     while (r < data.lines) {
         if (!data.lullFlags[static_cast<std::size_t>(r)]) {
@@ -160,76 +101,66 @@ void ZeroFlow::placePoints(std::int32_t sensor)
         if (data.isBlank(readings[r])) {
             ++r;
         } else {
-            m_window.basePoints.set(sensor, static_cast<std::int32_t>(r), true);
+            sensors.setPoint(sensor, static_cast<std::int32_t>(r), true);
+            ++placed;
             r += kPointSpacing;
         }
     }
+    return placed;
 }
 
-void ZeroFlow::convertBetweenPoints()
+/// Converts the segments of a sensor that end in rows `first`..`end`-1; `previous` is the point before them, -1 none.
+void convertUpTo(DataSet& data, const Sensors& sensors, std::int32_t sensor, std::int32_t first, std::int32_t end,
+                 std::int32_t& previous)
 {
-    // The sensors of a row are neighbours in memory. Taken block of rows by block of rows, all sensors at a time, a
-    // record larger than the cache is fetched once and not once per sensor.
-    std::vector<std::int32_t> previous(m_window.sensorCols.size(), -1);
-    for (std::int64_t block = 0; block < m_window.data.lines; block += kCacheRows) {
-        const auto end = static_cast<std::int32_t>(std::min<std::int64_t>(block + kCacheRows, m_window.data.lines));
-        for (std::int32_t i = 0; i < m_window.sensors; ++i)
-            convertUpTo(i, static_cast<std::int32_t>(block), end, previous[static_cast<std::size_t>(i)]);
-    }
-}
-
-void ZeroFlow::convertUpTo(std::int32_t sensor, std::int32_t first, std::int32_t end, std::int32_t& previous)
-{
-    const std::int32_t column = m_window.sensorColumn(sensor);
-    if (!m_window.data.hasColumn(column)) return;
     for (std::int32_t q = first; q < end; ++q) {
-        if (!m_window.basePoints(sensor, q)) continue;
-        if (previous >= 0) m_window.turboCalc(column, previous, q);
+        if (!sensors.isPoint(sensor, q)) continue;
+        if (previous >= 0) turboCalc(data, sensors.column(sensor), previous, q);
         previous = q;
     }
 }
 
-void ZeroFlow::baseButton_Click()
+void convertBetweenPoints(DataSet& data, const Sensors& sensors)
 {
-    const std::int32_t column = m_window.curCol;
-    if (!m_window.data.hasColumn(column) || m_window.data.lines == 0) return;
-    // The setting is read and left at that: a block is 48 rows whatever the time column.
-    static_cast<void>(m_window.env.settings.readSetting("Time", "2"));
-    m_window.selStart = 0;
-    m_window.selEnd = m_window.data.lines - 1;
-    m_window.undoSave(column);
-    drawBlockMaxima(column);
-    m_window.markChanged();
-    m_window.redraw(0, true);
-    m_window.redraw(1, true);
-    m_window.updateCues(); // the selection has moved
-}
-
-void ZeroFlow::drawBlockMaxima(std::int32_t column)
-{
-    const DataSet& data = m_window.data;
-    std::optional<std::int32_t> anchor;
-    if (!data.isBlank(data.values(kUnconverted, column, 0))) anchor = 0;
-    for (std::int64_t block = 0; block < data.lines; block += kBlockRows) {
-        const std::int64_t blockEnd = std::min<std::int64_t>(block + kBlockRows, data.lines) - 1;
-        const auto maximum = highestRow(data, column, block, blockEnd);
-        if (!maximum) continue;
-        drawLine(column, anchor.value_or(*maximum), *maximum);
-        anchor = maximum;
+    // The sensors of a row are neighbours in memory. Taken block of rows by block of rows, all sensors at a time, a
+    // record larger than the cache is fetched once and not once per sensor.
+    std::vector<std::int32_t> previous(static_cast<std::size_t>(sensors.count()), -1);
+    for (std::int64_t block = 0; block < data.lines; block += kCacheRows) {
+        const auto end = static_cast<std::int32_t>(std::min<std::int64_t>(block + kCacheRows, data.lines));
+        for (std::int32_t i = 0; i < sensors.count(); ++i)
+            convertUpTo(data, sensors, i, static_cast<std::int32_t>(block), end, previous[static_cast<std::size_t>(i)]);
     }
 }
 
-void ZeroFlow::drawLine(std::int32_t column, std::int32_t from, std::int32_t to)
+} // namespace
+
+void preProcess(DataSet& data, const ZeroFlowSettings& settings)
 {
-    DataSet& data = m_window.data;
-    const auto readings = data.values.column(kUnconverted, column);
-    const auto baseline = data.values.column(kBaseline, column);
-    const double slope = from == to ? 0 : (readings[to] - readings[from]) / (static_cast<double>(to) - from);
-    double v = readings[from];
-    for (std::ptrdiff_t r = from; r <= to; ++r) {
-        baseline[r] = data.storable(v);
-        v = v + slope;
+    if (data.lines == 0 || !data.hasColumn(settings.vpdCol) || !data.hasColumn(settings.parCol)) return;
+    const LullTest lull(data, settings);
+    const std::int64_t stopRow = std::int64_t{data.lines} - settings.lullTime - 1;
+    std::int64_t r = 0;
+    while (r < data.lines) {
+        if (lull.opens(r)) {
+            // The row that broke a run is never itself tried as a start.
+            r = flagRun(data, lull, r, settings.lullTime) + 1;
+        } else {
+            ++r;
+            // Only a row reached this way ends the search early; a run may jump over it.
+            if (r == stopRow) return;
+        }
     }
+}
+
+std::int32_t getBase(Record& record, Sensors& sensors, const std::function<void(const char*)>& status)
+{
+    status("Determining baseline points...");
+    sensors.assign(record.sensorColumns(), record.lines);
+    std::int32_t placed = 0;
+    for (std::int32_t i = 0; i < sensors.count(); ++i) placed += placePoints(record, sensors, i);
+    status("Converting all data...");
+    convertBetweenPoints(record, sensors);
+    return placed;
 }
 
 } // namespace tarvelint

@@ -1,12 +1,16 @@
 // SPDX-License-Identifier: MIT
 #include "batch/batch_run.h"
 
-#include "app/main_window.h"
-#include "batch/batch_ui.h"
+#include "baseline/zero_flow.h"
 #include "batch/column_choice.h"
+#include "batch/console.h"
+#include "batch/sensor_report.h"
 #include "data/numbers.h"
-#include "equation/row_converter.h"
+#include "equation/equation.h"
 #include "equation/validator.h"
+#include "forms/zero_flow_faults.h"
+#include "window/command_failure.h"
+#include "window/record_files.h"
 
 #include <new>
 
@@ -14,187 +18,206 @@ namespace tarvelint {
 
 namespace {
 
-std::vector<bool> parameterColumns(const BatchOptions& options, const DataSet& data)
+/// The faults of one sensor's conversion: counted, and passed over as a person would who wants the rest converted.
+class FaultCount : public FaultSink {
+public:
+    std::int32_t row = 0; ///< being converted
+
+    AfterFault onFault(const Fault& fault) override
+    {
+        if (m_count++ == 0) {
+            m_firstRow = row;
+            m_firstText = faultText(fault);
+        }
+        return AfterFault::goOn;
+    }
+    /// In one line; empty when there was none.
+    [[nodiscard]] std::string report() const
+    {
+        if (m_count == 0) return {};
+        std::string text = m_firstText;
+        for (auto at = text.find("\r\n"); at != std::string::npos; at = text.find("\r\n")) text.erase(at, 2);
+        return "equation errors: " + plainText(m_count) + ", the first in row " +
+               plainText(std::int64_t{m_firstRow} + 1) + ": " + text;
+    }
+
+private:
+    std::int64_t m_count = 0;
+    std::int32_t m_firstRow = 0;
+    std::string m_firstText;
+};
+
+/// One file on its way through the program.
+class BatchRun {
+public:
+    BatchRun(const BatchOptions& options, const BatchMachine& machine, Console& console)
+        : m_options(options), m_machine(machine), m_console(console)
+    {
+    }
+
+    void read();
+    void layBaselines();
+    void convert();
+    void write();
+    /// Warns about sensors without a baseline. False when no sensor was converted.
+    [[nodiscard]] bool warn();
+    void summarise(std::ostream& out) const;
+
+private:
+    [[nodiscard]] std::vector<bool> parameterColumns() const;
+    void announceEquation();
+    void convertSensor(Equation& equation, std::int32_t sensor);
+    [[nodiscard]] const std::string& label(std::int32_t sensor) const
+    {
+        return m_record.labels[static_cast<std::size_t>(m_sensors.column(sensor))];
+    }
+
+    const BatchOptions& m_options;
+    const BatchMachine& m_machine;
+    Console& m_console;
+    Record m_record;
+    Sensors m_sensors;
+    ZeroFlowSettings m_zeroFlow;
+};
+
+void BatchRun::read()
 {
-    if (options.parameters) return chosenColumns(*options.parameters, data.labels);
-    std::vector<bool> columns(data.labels.size(), false);
-    for (const int column1 : {1, 2, int{options.vpdColumn}, int{options.parColumn}})
-        if (data.hasColumn(column1 - 1)) columns[static_cast<std::size_t>(column1 - 1)] = true;
+    const MissingValues missing{m_options.blank, false, [this] { return m_options.blank; }};
+    LoadedRecord loaded = readRecord(m_machine.files, m_options.input, m_options.inputType, missing, m_console);
+    if (!loaded.layers.unconverted)
+        throw CommandFailure("The file " + m_options.input +
+                             " holds no unconverted layer, so there is nothing to convert. Save it with the "
+                             "unconverted data, or start from the logger's own file.");
+    if (!loaded.warning.empty()) m_console.say(loaded.warning);
+    static_cast<DataSet&>(m_record) = std::move(loaded.data);
+}
+
+std::vector<bool> BatchRun::parameterColumns() const
+{
+    if (m_options.parameters) return chosenColumns(*m_options.parameters, m_record.labels);
+    std::vector<bool> columns(m_record.labels.size(), false);
+    for (const int column1 : {1, 2, int{m_options.vpdColumn}, int{m_options.parColumn}})
+        if (m_record.hasColumn(column1 - 1)) columns[static_cast<std::size_t>(column1 - 1)] = true;
     return columns;
 }
 
-void open(MainWindow& window, const BatchOptions& options)
+void BatchRun::layBaselines()
 {
-    window.files.openFile({options.input, options.inputType});
-    if ((window.readLayers & 4) == 0)
-        throw CommandFailure("The file " + options.input +
-                             " holds no unconverted layer, so there is nothing to convert. Save it with the "
-                             "unconverted data, or start from the logger's own file.");
-    if (!window.haveLabelForm()) window.cues.labelButton_Click();
-}
-
-void layBaselines(MainWindow& window, const BatchOptions& options)
-{
-    ColumnSetup& setup = *window.labelFrm;
-    setup.boxes.checkBox = parameterColumns(options, window.data);
-    setup.boxes.saveBox = options.choices.labels;
-    setup.boxes.turboCheck = true;
-    setup.boxes.vpdBox = plainText(options.vpdColumn);
-    setup.boxes.parBox = plainText(options.parColumn);
-    setup.boxes.VPDlBox = options.vpdLimit;
-    setup.boxes.PARlBox = options.parLimit;
-    setup.boxes.timeBox = options.lullTime;
-    setup.OKButton_Click();
-}
-
-/// Words of a message box as one line.
-std::string onOneLine(std::string text)
-{
-    for (auto at = text.find("\r\n"); at != std::string::npos; at = text.find("\r\n")) text.replace(at, 2, "");
-    return text;
+    m_record.parameters = parameterColumns();
+    m_zeroFlow = m_options.zeroFlow;
+    m_zeroFlow.vpdCol = columnIndex(plainText(m_options.vpdColumn), "VPD", m_record);
+    m_zeroFlow.parCol = columnIndex(plainText(m_options.parColumn), "PAR", m_record);
+    if (m_record.sensorColumns().empty()) throw noSensorColumn();
+    preProcess(m_record, m_zeroFlow);
+    static_cast<void>(getBase(m_record, m_sensors, [this](const char* text) { m_console.status(text); }));
 }
 
 /// What the user should know about an equation that is not taken as it was typed, or not as it was meant.
-void announceEquation(const BatchOptions& options, BatchUi& ui)
+void BatchRun::announceEquation()
 {
-    if (options.equation->empty())
-        ui.message() << "the equation is empty, so every converted value is 0\n";
-    else if (!repairedEquation(options.typedEquation))
-        ui.message()
-            << "the equation cannot be repaired, because nothing stands before a \")\"; it is taken as typed\n";
-    else if (*options.equation != options.typedEquation && !options.quiet)
-        ui.message() << "the equation reads " << *options.equation << '\n';
+    if (m_options.equation->empty())
+        m_console.say("the equation is empty, so every converted value is 0");
+    else if (!repairedEquation(m_options.typedEquation))
+        m_console.say("the equation cannot be repaired, because nothing stands before a \")\"; it is taken as typed");
+    else if (*m_options.equation != m_options.typedEquation && !m_options.quiet)
+        m_console.say("the equation reads " + *m_options.equation);
 }
 
-void reportErrors(const BatchUi::EquationErrors& errors, const std::string& label, BatchUi& ui)
+void BatchRun::convert()
 {
-    if (errors.count == 0) return;
-    ui.message() << label << ": equation errors: " << plainText(errors.count) << ", the first in row "
-                 << plainText(std::int64_t{errors.firstRow} + 1) << ": " << onOneLine(errors.firstText) << '\n';
+    if (!m_options.equation) return;
+    announceEquation();
+    Equation equation(*m_options.equation);
+    for (std::int32_t sensor = 0; sensor < m_sensors.count(); ++sensor) convertSensor(equation, sensor);
 }
 
-const std::string& sensorLabel(const MainWindow& window, std::int32_t sensor)
+void BatchRun::convertSensor(Equation& equation, std::int32_t sensor)
 {
-    return window.data.labels[static_cast<std::size_t>(window.sensorColumn(sensor))];
-}
-
-/// Both ends belong to it; empty when `last` is below `first`.
-struct RowSpan {
-    std::int32_t first = 0;
-    std::int32_t last = -1;
-};
-
-/// From a sensor's first point to its last: where the zero-flow detection has laid a baseline, which takes two points.
-/// Elsewhere a file that was converted before may hold another one.
-RowSpan laidRows(const MainWindow& window, std::int32_t sensor)
-{
-    RowSpan laid{window.data.lines, -1};
-    for (std::int32_t row = 0; row < window.data.lines; ++row) {
-        if (!window.basePoints(sensor, row)) continue;
-        if (laid.first > row)
-            laid.first = row;
-        else
-            laid.last = row;
+    m_console.status("Converting " + label(sensor));
+    const std::int32_t column = m_sensors.column(sensor);
+    const ConversionRule rule{m_options.baselineIsHigh, m_record.blank};
+    const RowSpan laid = laidRows(m_sensors, sensor);
+    FaultCount faults;
+    for (std::int32_t row = laid.first; row <= laid.last; ++row) {
+        const double base = m_record.values(kBaseline, column, row);
+        if (m_record.isBlank(base)) continue;
+        faults.row = row;
+        const double reading = m_record.values(kUnconverted, column, row);
+        m_record.values(kConverted, column, row) = m_record.storable(equation.evaluate(reading, base, rule, faults));
+        m_console.row(row + 1);
     }
-    return laid;
+    const std::string report = faults.report();
+    if (!report.empty()) m_console.say(label(sensor) + ": " + report);
 }
 
-void convertWithEquation(MainWindow& window, const BatchOptions& options, BatchUi& ui)
+void BatchRun::write()
 {
-    if (!options.equation) return;
-    announceEquation(options, ui);
-    window.setText(Control::FormulaBox, *options.equation);
-    window.setChecked(Control::highBox, options.baselineIsHigh);
-    window.setText(Control::rowLabel, "");
-    for (std::int32_t sensor = 0; sensor < window.sensors; ++sensor) {
-        const std::string& label = sensorLabel(window, sensor);
-        const RowSpan laid = laidRows(window, sensor);
-        window.setStatus(1, "Converting " + label);
-        RowConverter converter(window);
-        window.recalculation.convertRows(converter, window.sensorColumn(sensor), laid.first, laid.last);
-        reportErrors(ui.takeEquationErrors(), label, ui);
-    }
-}
-
-void save(MainWindow& window, const BatchOptions& options)
-{
-    const SaveChoices& choices = options.choices;
-    window.typeFrm = std::make_unique<SaveContents>(SaveContents{.inCheck = choices.unconverted,
-                                                                 .baseCheck = choices.baseline,
-                                                                 .outCheck = choices.converted,
-                                                                 .headerCheck = choices.header,
-                                                                 .blankCheck = choices.dots});
-    window.savePath = options.output;
-    window.data.fileDelimiter = delimiterOf(options.outputType);
+    m_console.status("Status: writing file");
     try {
-        window.files.writeFile();
+        writeRecord(m_machine.files, m_options.output, m_options.outputType, m_record, m_options.choices,
+                    {m_machine.style.longDate(), m_machine.style.grouping()}, m_console);
     } catch (const FileFailure& failure) {
-        throw CommandFailure("The file " + options.output + " cannot be written: " + failure.what() +
+        throw CommandFailure("The file " + m_options.output + " cannot be written: " + failure.what() +
                              ". What was there before is untouched.");
     }
 }
 
-/// What was done to one sensor.
-struct SensorCount {
-    std::int64_t points = 0;
-    std::int64_t converted = 0;
-    std::int64_t missing = 0;
-};
-
-SensorCount countRows(const MainWindow& window, std::int32_t sensor)
+bool BatchRun::warn()
 {
-    const std::int32_t column = window.sensorColumn(sensor);
-    const DataSet& data = window.data;
-    const RowSpan laid = laidRows(window, sensor);
-    SensorCount count;
-    for (std::int32_t row = 0; row < data.lines; ++row) {
-        const bool isMissing = data.isBlank(data.values(kUnconverted, column, row));
-        if (isMissing) ++count.missing;
-        if (window.basePoints(sensor, row)) ++count.points;
-        const bool isLaid = row >= laid.first && row <= laid.last;
-        if (isLaid && !isMissing && !data.isBlank(data.values(kConverted, column, row))) ++count.converted;
+    bool anyConverted = false;
+    for (std::int32_t sensor = 0; sensor < m_sensors.count(); ++sensor) {
+        const SensorCount count = countRows(m_record, m_sensors, sensor);
+        anyConverted = anyConverted || count.converted > 0;
+        if (count.points < 2)
+            m_console.say(label(sensor) + ": " + plainText(count.points) +
+                          " points are too few for a baseline, so nothing was converted; " +
+                          lowestBesideLimits(m_record, m_zeroFlow));
     }
-    return count;
+    if (!anyConverted) m_console.say(m_options.input + ": no sensor was converted");
+    return anyConverted;
 }
 
-void summarise(const MainWindow& window, std::ostream& out)
+void BatchRun::summarise(std::ostream& out) const
 {
-    for (std::int32_t sensor = 0; sensor < window.sensors; ++sensor) {
-        const SensorCount count = countRows(window, sensor);
-        out << sensorLabel(window, sensor) << ": " << plainText(count.points) << " points, "
-            << plainText(count.converted) << " rows converted, " << plainText(count.missing) << " rows missing\n";
-    }
+    for (std::int32_t sensor = 0; sensor < m_sensors.count(); ++sensor)
+        out << printable(label(sensor)) << ": " << summaryLine(countRows(m_record, m_sensors, sensor)) << '\n';
+    out.flush();
+    if (!out) throw CommandFailure("The summary cannot be written; the file " + m_options.output + " is complete.");
+}
+
+bool namesFile(const std::string& reason, const std::string& name)
+{
+    if (reason.starts_with(name + ": ") || reason.starts_with('"' + name + '"')) return true;
+    for (const char next : {' ', '.', ':'})
+        if (reason.find("file " + name + next) != std::string::npos) return true;
+    return false;
 }
 
 } // namespace
 
-int runBatch(const BatchOptions& options, const Environment& environment, std::ostream& out, std::ostream& err,
+int runBatch(const BatchOptions& options, const BatchMachine& machine, std::ostream& out, std::ostream& err,
              bool terminal)
 {
-    BatchUi ui(err, terminal && !options.quiet);
-    BatchApplication application;
-    environment.settings.writeSetting("Blank", plainText(options.blank));
+    Console console(err, machine.clock, terminal && !options.quiet);
     std::string reason;
     try {
-        MainWindow window(ui, environment, application);
-        ui.watch(window);
-        window.lifecycle.Form_Load();
-        open(window, options);
-        layBaselines(window, options);
-        convertWithEquation(window, options, ui);
-        save(window, options);
-        ui.endProgress();
-        if (!options.quiet) summarise(window, out);
-        return kDone;
+        BatchRun run(options, machine, console);
+        run.read();
+        run.layBaselines();
+        run.convert();
+        run.write();
+        const bool anyConverted = run.warn();
+        console.endProgress();
+        if (!options.quiet) run.summarise(out);
+        return anyConverted ? kDone : kDataFault;
     } catch (const std::bad_alloc&) {
-        reason = "There is not enough memory for " + options.input + ".";
+        reason = "There is not enough memory for the file " + options.input + ".";
     } catch (const std::exception& failure) {
         reason = failure.what();
     }
     // Some reasons are fixed texts that name no file; a loop over many files has to tell which one it was.
-    const bool namesFile =
-        reason.find(options.input) != std::string::npos || reason.find(options.output) != std::string::npos;
-    ui.message() << (namesFile ? "" : options.input + ": ") << reason << '\n';
+    const bool isNamed = namesFile(reason, options.input) || namesFile(reason, options.output);
+    console.say(isNamed ? reason : options.input + ": " + reason);
     return kDataFault;
 }
 

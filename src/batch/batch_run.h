@@ -2,16 +2,23 @@
 #pragma once
 
 #include "batch/options.h"
-#include "window/window.h"
+#include "window/ports.h"
 
 #include <ostream>
 
 namespace tarvelint {
 
-/// The main job without a window: reads, lays the zero-flow baselines, converts, saves. The summary, one line a sensor,
-/// goes to `out`; messages and, with `terminal`, progress go to `err`.
-/// @return kDone or kDataFault
-[[nodiscard]] int runBatch(const BatchOptions& options, const Environment& environment, std::ostream& out,
+/// What a run needs from the machine; all outlive it.
+struct BatchMachine {
+    Files& files;
+    SystemStyle& style;
+    Clock& clock;
+};
+
+/// Reads, finds zero flow, lays the baselines, converts and writes one file. Summary lines go to `out`, everything else
+/// to `err`; progress is shown only on a `terminal`.
+/// @return the exit status: a fault in the data, or a file in which no sensor was converted, is `kDataFault`
+[[nodiscard]] int runBatch(const BatchOptions& options, const BatchMachine& machine, std::ostream& out,
                            std::ostream& err, bool terminal);
 
 } // namespace tarvelint

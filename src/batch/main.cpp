@@ -3,7 +3,6 @@
 #include "batch/options.h"
 #include "machine/clock.h"
 #include "machine/files.h"
-#include "machine/settings.h"
 #include "machine/system_style.h"
 
 #include <iostream>
@@ -15,10 +14,8 @@ int main(int argc, char** argv)
     using namespace tarvelint;
     const ParsedCommandLine line = parseCommandLine(argc, argv, std::cout, std::cerr);
     if (!line.options) return line.exitStatus;
-    // A script gives the same result for everyone: the user's own settings are not consulted.
-    RunSettings settings;
     LocaleStyle style;
     DiskFiles files;
     SteadyClock clock;
-    return runBatch(*line.options, {settings, style, files, clock}, std::cout, std::cerr, isatty(STDERR_FILENO) == 1);
+    return runBatch(*line.options, {files, style, clock}, std::cout, std::cerr, isatty(STDERR_FILENO) == 1);
 }

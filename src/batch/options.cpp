@@ -3,7 +3,7 @@
 
 #include "data/numbers.h"
 #include "data/settings_store.h"
-#include "equation/evaluator.h"
+#include "equation/equation.h"
 #include "equation/validator.h"
 
 #include <CLI/CLI.hpp>
@@ -27,35 +27,33 @@ struct Raw {
     std::optional<FileType> inputType;
     std::optional<FileType> outputType;
     // Numbers stay texts until numbers.h reads them: CLI11 would take "010" for octal.
-    std::string vpdColumn = "11";
-    std::string parColumn = "3";
-    std::string blank = "99999";
+    std::string vpdColumn{defaultText(Setting::VPD)};
+    std::string parColumn{defaultText(Setting::PAR)};
+    std::string blank{defaultText(Setting::Blank)};
+    std::string vpdLimit{defaultText(Setting::VPDlimit, DefaultOf::columnSetup)};
+    std::string parLimit{defaultText(Setting::PARlimit, DefaultOf::columnSetup)};
+    std::string lullTime{defaultText(Setting::lullTime, DefaultOf::columnSetup)};
     std::string layers = "unconverted,baseline,converted";
     bool noHeader = false;
     bool noDots = false;
 };
 
-/// Refuses at the command line a number that no file could make right: one that `convert` throws at.
+/// Refuses at the command line a number that no file could make right: one that `convert` has no value for.
 template <class Convert>
 std::string checkNumber(const std::string& text, Convert convert)
 {
-    try {
-        if (!isNumeric(text)) return "\"" + text + "\" is not a number";
-        static_cast<void>(convert(leadingNumber(text)));
-        return {};
-    } catch (const NumericOverflow&) {
-        return "\"" + text + "\" is too large";
-    }
+    if (!isNumeric(text)) return "\"" + text + "\" is not a number";
+    return convert(leadingNumber(text)) ? "" : "\"" + text + "\" is too large";
 }
 
 std::string checkLimit(const std::string& text)
 {
-    return checkNumber(text, toFloat32);
+    return checkNumber(text, roundedToFloat32);
 }
 
 std::string checkWhole(const std::string& text)
 {
-    return checkNumber(text, roundToInt32);
+    return checkNumber(text, roundedToInt32);
 }
 
 std::string checkColumn(const std::string& text)
@@ -118,15 +116,15 @@ void addZeroFlow(CLI::App& app, Raw& raw)
         ->check(column)
         ->type_name("N")
         ->capture_default_str();
-    app.add_option("--vpd-limit", options.vpdLimit, "A row is calm at or below this")
+    app.add_option("--vpd-limit", raw.vpdLimit, "A row is calm at or below this")
         ->check(CLI::Validator(checkLimit, ""))
         ->type_name("X")
         ->capture_default_str();
-    app.add_option("--par-limit", options.parLimit, "A row is dark at or below this")
+    app.add_option("--par-limit", raw.parLimit, "A row is dark at or below this")
         ->check(CLI::Validator(checkLimit, ""))
         ->type_name("X")
         ->capture_default_str();
-    app.add_option("--lull-time", options.lullTime, "Rows of calm and dark before zero flow is believed")
+    app.add_option("--lull-time", raw.lullTime, "Rows of calm and dark before zero flow is believed")
         ->check(CLI::Validator(checkWhole, ""))
         ->type_name("ROWS")
         ->capture_default_str();
@@ -166,9 +164,9 @@ void repairEquation(BatchOptions& options)
     if (!options.equation) return;
     options.typedEquation = *options.equation;
     evaluate(*options.equation);
-    if (options.equation->size() > Evaluator::kLongestEquation)
-        throw CLI::ValidationError("--equation", "the equation is longer than " +
-                                                     std::to_string(Evaluator::kLongestEquation) + " characters");
+    if (options.equation->size() > kLongestEquation)
+        throw CLI::ValidationError("--equation",
+                                   "the equation is longer than " + std::to_string(kLongestEquation) + " characters");
 }
 
 BatchOptions finished(Raw raw)
@@ -176,6 +174,9 @@ BatchOptions finished(Raw raw)
     BatchOptions options = std::move(raw.options);
     options.vpdColumn = roundToInt16(leadingNumber(raw.vpdColumn));
     options.parColumn = roundToInt16(leadingNumber(raw.parColumn));
+    options.zeroFlow.vpdLimit = toFloat32(leadingNumber(raw.vpdLimit));
+    options.zeroFlow.parLimit = toFloat32(leadingNumber(raw.parLimit));
+    options.zeroFlow.lullTime = roundToInt32(leadingNumber(raw.lullTime));
     options.blank = roundToInt32(leadingNumber(raw.blank));
     options.inputType = raw.inputType.value_or(fileTypeOfExtension(options.input));
     options.outputType = raw.outputType.value_or(fileTypeOfExtension(options.output));
@@ -186,6 +187,13 @@ BatchOptions finished(Raw raw)
 }
 
 } // namespace
+
+BatchOptions::BatchOptions()
+{
+    zeroFlow.vpdLimit = toFloat32(leadingNumber(defaultText(Setting::VPDlimit, DefaultOf::columnSetup)));
+    zeroFlow.parLimit = toFloat32(leadingNumber(defaultText(Setting::PARlimit, DefaultOf::columnSetup)));
+    zeroFlow.lullTime = roundToInt32(leadingNumber(defaultText(Setting::lullTime, DefaultOf::columnSetup)));
+}
 
 FileType fileTypeOfExtension(const std::string& path)
 {

@@ -2,6 +2,9 @@
 #pragma once
 
 #include "data/file_format.h"
+#include "data/numbers.h"
+#include "data/settings_store.h"
+#include "window/conversion_settings.h"
 
 #include <cstdint>
 #include <optional>
@@ -10,24 +13,25 @@
 
 namespace tarvelint {
 
-/// What a command line asks for. Columns are 1-based; texts go into the column set-up's boxes as they stand.
+/// What a command line asks for; the defaults are those of the column set-up. Columns are 1-based.
 struct BatchOptions {
-    std::string input;
+    std::string input; ///< file names are the system's bytes
     std::string output;
     FileType inputType = FileType::comma;
     FileType outputType = FileType::comma;
-    std::int16_t vpdColumn = 11;
-    std::int16_t parColumn = 3;
-    std::string vpdLimit = "0.05";
-    std::string parLimit = "0.01";
-    std::string lullTime = "3";
+    std::int16_t vpdColumn = roundToInt16(leadingNumber(defaultText(Setting::VPD)));
+    std::int16_t parColumn = roundToInt16(leadingNumber(defaultText(Setting::PAR)));
+    ZeroFlowSettings zeroFlow;           ///< limits and lull length; its columns are not set here
     std::optional<std::string> equation; ///< repaired; none: the fixed conversion
     std::string typedEquation;           ///< as it stood on the command line
     bool baselineIsHigh = true;
     std::optional<std::string> parameters; ///< columns that are not converted; none: 1, 2, VPD and PAR
     SaveChoices choices;
-    std::int32_t blank = 99999;
+    std::int32_t blank = roundToInt32(leadingNumber(defaultText(Setting::Blank)));
     bool quiet = false;
+
+    /// With the limits and the lull length of the column set-up.
+    BatchOptions();
 };
 
 /// Exit statuses of the batch program.

@@ -76,7 +76,6 @@ void DataFileReader::load()
 {
     m_progress.status("Setting up memory");
     try {
-        m_lines.reset();
         const std::string firstLine(lines().next().value_or(std::string_view{}));
         m_hadHeader = isHeaderLine(firstLine);
         m_hadHeader ? loadWithHeader(firstLine) : loadHeaderless(firstLine);
@@ -103,19 +102,18 @@ void DataFileReader::loadWithHeader(std::string_view firstLine)
     if (header.rows > lines().bytes())
         throw fault("is shorter than its header says: " + plainText(header.rows) +
                     " rows cannot stand in so small a file. Correct the number of rows in its first line.");
-    m_layerCode = header.layerCode;
+    m_layers = header.layers;
     m_hadLabelsLine = header.withLabels;
     m_data.columns = header.columns;
     m_data.lines = header.rows;
     m_missing = header.blankIsDot ? m_settingBlank() : header.blank;
     readHeaderLabels();
 
-    const auto reads = layerReads(header.layerCode, header.rows, header.withLabels);
-    if (!reads) throw FormatFault("Wow, where did that i go?!?");
-    if (!lines().seekLine(reads->front().skipLines))
+    const auto reads = layerReads(header.layers, header.rows, header.withLabels);
+    if (!lines().seekLine(reads.front().skipLines))
         throw fault("holds no data: there is no row below its header. Choose the file that holds the readings.");
     allocate();
-    for (const LayerRead& read : *reads) readFile(read.layer, read.skipLines, read.fillBase, read.fillOut);
+    for (const LayerRead& read : reads) readFile(read.layer, read.skipLines, read.fillBase, read.fillOut);
     m_data.blank = m_missing;
 }
 
@@ -225,12 +223,11 @@ void DataFileReader::allocate()
 /// The file has ended before row `fromRow` of this block: without a reading, its cells are missing values.
 void DataFileReader::storeMissingRows(int layer, std::int32_t fromRow)
 {
-    if (m_warning.empty())
-        m_warning = fault("ends at line " + plainText(lines().leadingEmptyLines() + lines().linesRead()) +
-                          ", although " + plainText(m_data.lines) +
-                          " rows per layer were expected. The rows that are there were read; all others hold "
-                          "missing values.")
-                        .what();
+    m_warning = fault("ends at line " + plainText(lines().leadingEmptyLines() + lines().linesRead()) + ", although " +
+                      plainText(m_data.lines) +
+                      " rows per layer were expected. The rows that are there were read; all others hold "
+                      "missing values.")
+                    .what();
     for (std::int32_t row = fromRow; row < m_data.lines; ++row)
         for (std::int32_t c = 0; c < m_data.columns; ++c) m_data.values(layer, c, row) = m_missing;
 }

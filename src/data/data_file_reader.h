@@ -37,8 +37,8 @@ public:
     void load();
 
     [[nodiscard]] bool hadHeader() const { return m_hadHeader; }
-    /// Layers the file holds: unconverted 4, baseline 2, converted 1, summed; 4 for a headerless file.
-    [[nodiscard]] int layerCode() const { return m_layerCode; }
+    /// Layers the file holds; a headerless one holds readings only.
+    [[nodiscard]] const LayerSet& layers() const { return m_layers; }
     [[nodiscard]] bool hadLabelsLine() const { return m_hadLabelsLine; }
     /// What the user should know about a record that was read all the same (a file shorter than its
     /// header says); empty when all is well.
@@ -79,7 +79,7 @@ private:
     std::optional<LineReader> m_lines;
     std::int32_t m_missing; ///< the number stored for a missing value during this read
     bool m_hadHeader = false;
-    int m_layerCode = 4;
+    LayerSet m_layers{.unconverted = true};
     bool m_hadLabelsLine = false;
     std::string m_warning;
 };

@@ -3,6 +3,7 @@
 
 #include "data/numbers.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace tarvelint {
@@ -44,6 +45,17 @@ private:
     std::size_t m_used = 0;
 };
 
+/// A label as the next reading takes it for one field: a delimiter in it becomes "_", and an empty one, where
+/// delimiters count in runs, the column's number. Line feeds and NULs, which no file brings, would end the line or the
+/// reading; other control characters go back as they came.
+std::string labelField(std::string label, char delimiter, std::size_t column1)
+{
+    if (label.empty() && delimiter != ',') return plainText(static_cast<std::int64_t>(column1));
+    std::replace_if(
+        label.begin(), label.end(), [=](char c) { return c == delimiter || c == '\n' || c == '\0'; }, '_');
+    return label;
+}
+
 class LayerWriter {
 public:
     LayerWriter(const DataSet& data, const SaveChoices& choices, char delimiter, Buffer& buffer, Progress& progress)
@@ -56,8 +68,8 @@ public:
     void WriteToFile(Layer layer)
     {
         if (m_choices.labels) {
-            for (const std::string& label : m_data.labels) {
-                m_buffer.append(label);
+            for (std::size_t c = 0; c < m_data.labels.size(); ++c) {
+                m_buffer.append(labelField(m_data.labels[c], m_delimiter, c + 1));
                 m_buffer.append({&m_delimiter, 1});
             }
             m_buffer.append("\r\n");

@@ -16,6 +16,14 @@ namespace tarvelint {
 enum Layer : int { kUnconverted = 1, kBaseline = 2, kConverted = 3 };
 inline constexpr int kLayers = 3;
 
+/// Some of the three layers, as a file holds them.
+struct LayerSet {
+    bool unconverted = false;
+    bool baseline = false;
+    bool converted = false;
+    bool operator==(const LayerSet&) const = default;
+};
+
 /// One layer of one column, addressed by 0-based row; rows lie `stride` doubles apart.
 template <class T>
 class ColumnView {
@@ -70,7 +78,7 @@ private:
     std::int32_t m_lines = 0;
 };
 
-/// One record as a window holds it: its shape, its three layers and what belongs to the file it came from.
+/// One record: its shape, its three layers and what its file says about them.
 struct DataSet {
     std::int16_t columns = 0;
     std::int32_t lines = 0;
@@ -80,16 +88,6 @@ struct DataSet {
     std::vector<bool> lullFlags;     ///< one per row: inside a qualifying VPD and PAR lull
     std::int32_t blank = 99999;      ///< the number that stands for a missing value, in every layer
     bool zeroOut = false;            ///< an absent converted layer is filled with 0 instead of `blank`
-    bool saveCheck = true;           ///< no unsaved change
-    std::int16_t dateCol = 1;        ///< 1-based
-    std::int16_t timeCol = 2;        ///< 1-based
-    std::int16_t vpdCol = -1;        ///< 0-based once the column set-up has set it
-    std::int16_t parCol = -1;        ///< 0-based once the column set-up has set it
-    float vpdLimit = 0.05F;
-    float parLimit = 0.05F;
-    std::int32_t lullTime = 4; ///< rows
-    std::string fileDelimiter; ///< one character, empty before the first file
-    std::string filePath;
 
     /// Sizes the grid and the lull flags together; every cell 0, every flag False.
     /// @throws std::bad_alloc and changes nothing

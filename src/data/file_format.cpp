@@ -1,7 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "data/file_format.h"
 
-#include "data/data_set.h"
 #include "data/numbers.h"
 
 #include <algorithm>
@@ -29,24 +28,24 @@ class LayerWords {
 public:
     explicit LayerWords(std::string_view line) : m_line(line)
     {
-        take("unconverted", 4);
-        take("baseline", 2);
-        take("converted", 1);
+        m_layers.unconverted = take("unconverted");
+        m_layers.baseline = take("baseline");
+        m_layers.converted = take("converted");
     }
-    [[nodiscard]] int code() const { return m_code; }
+    [[nodiscard]] const LayerSet& layers() const { return m_layers; }
     [[nodiscard]] std::size_t end() const { return m_end; }
 
 private:
-    void take(std::string_view word, int value)
+    bool take(std::string_view word)
     {
         const std::size_t at = m_line.find(word, m_end);
-        if (at == kNotFound) return;
-        m_code += value;
+        if (at == kNotFound) return false;
         m_end = at + word.size();
+        return true;
     }
 
     std::string_view m_line;
-    int m_code = 0;
+    LayerSet m_layers;
     std::size_t m_end = 0;
 };
 
@@ -59,15 +58,12 @@ std::string countText(std::string_view line, std::size_t from, std::size_t to, c
 }
 
 template <class Integer>
-Integer parseCount(const std::string& text, Integer (*round)(double), const std::string& what, const char* range)
+Integer parseCount(const std::string& text, std::optional<Integer> (*round)(double), const std::string& what,
+                   const char* range)
 {
-    try {
-        const auto value = numericValue(text);
-        const Integer count = value ? round(*value) : Integer{0};
-        if (count >= 1) return count;
-    } catch (const NumericOverflow&) {
-        // Too large is reported like any other count that cannot be one.
-    }
+    const auto value = numericValue(text);
+    const auto count = value ? round(*value) : std::nullopt;
+    if (count && *count >= 1) return *count;
     throw HeaderValueFault("The " + what + " in the header, " + quoted(text) + ", is not a whole number from 1 to " +
                            range +
                            ". Correct the first line of the file in a text editor, or delete it to read the file "
@@ -76,11 +72,8 @@ Integer parseCount(const std::string& text, Integer (*round)(double), const std:
 
 std::int32_t parseBlank(std::string_view text)
 {
-    try {
-        if (const auto value = numericValue(text)) return roundToInt32(*value);
-    } catch (const NumericOverflow&) {
-        // Falls through to the same message as a text that is no number.
-    }
+    const auto value = numericValue(text);
+    if (const auto blank = value ? roundedToInt32(*value) : std::nullopt) return *blank;
     throw HeaderValueFault("The missing value in the header, " + quoted(text) +
                            ", is neither a dot nor a whole number of at most 32 bits. Correct it at the end of the "
                            "file's first line in a text editor.");
@@ -129,18 +122,18 @@ FileHeader parseHeader(std::string_view line, char delimiter)
 {
     FileHeader header;
     const LayerWords words(line);
-    header.layerCode = words.code();
-    if (header.layerCode == 0) throw FormatFault("no U-B-C info in the header!");
+    header.layers = words.layers();
+    if (header.layers == LayerSet{}) throw FormatFault("no U-B-C info in the header!");
 
     constexpr std::string_view kColumns = "columns";
     const std::size_t columnsAt = line.find(kColumns);
     if (columnsAt == kNotFound) throw FormatFault("No column number in header!");
     header.columns =
-        parseCount(countText(line, words.end(), columnsAt, delimiter), &roundToInt16, "number of columns", "32,767");
+        parseCount(countText(line, words.end(), columnsAt, delimiter), &roundedToInt16, "number of columns", "32,767");
 
     const std::size_t rowsAt = line.find("rows");
     if (rowsAt == kNotFound) throw FormatFault("No row number in the header!");
-    header.rows = parseCount(countText(line, columnsAt + kColumns.size(), rowsAt, delimiter), &roundToInt32,
+    header.rows = parseCount(countText(line, columnsAt + kColumns.size(), rowsAt, delimiter), &roundedToInt32,
                              "number of rows", "2,147,483,647");
 
     // "without" holds "with", so it is looked for first.
@@ -185,21 +178,24 @@ std::string composeHeader(const SaveChoices& choices, char delimiter, std::int16
     return header;
 }
 
-std::optional<std::vector<LayerRead>> layerReads(int layerCode, std::int32_t lines, bool withLabels)
+std::vector<LayerRead> layerReads(const LayerSet& layers, std::int32_t lines, bool withLabels)
 {
-    if (layerCode < 1 || layerCode > 7) return std::nullopt;
     const std::int64_t labels = withLabels ? 1 : 0;
     std::vector<LayerRead> reads;
-    for (const Layer layer : {kUnconverted, kBaseline, kConverted}) {
-        if ((layerCode & (8 >> layer)) == 0) continue;
+    const auto add = [&](bool held, Layer layer) {
+        if (!held) return;
         // Every block but the first follows a separating line; each has its own labels line.
         const auto before = static_cast<std::int64_t>(reads.size());
         reads.push_back({layer, before * lines + (before + 1) * (labels + 1), false, false});
-    }
-    // Codes 2 and 3: the converted layer is filled before its own block, if there is one, is read into it.
-    // Code 6 leaves its converted layer at zero.
-    reads.front().fillOut = layerCode == 2 || layerCode == 3 || layerCode == 4;
-    reads.back().fillBase = layerCode == 1 || layerCode == 4 || layerCode == 5;
+    };
+    add(layers.unconverted, kUnconverted);
+    add(layers.baseline, kBaseline);
+    add(layers.converted, kConverted);
+    if (reads.empty()) throw FormatFault("Wow, where did that i go?!?");
+    // A file that begins with the baseline has its converted layer filled before its own block, if there is one, is
+    // read into it. One of unconverted and baseline leaves the converted layer at zero.
+    reads.front().fillOut = layers.unconverted ? reads.size() == 1 : layers.baseline;
+    reads.back().fillBase = !layers.baseline;
     return reads;
 }
 

@@ -1,7 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include <array>
+#include "data/data_set.h"
+
 #include <cstdint>
 #include <optional>
 #include <stdexcept>
@@ -54,7 +55,7 @@ public:
 
 /// What a header line says.
 struct FileHeader {
-    int layerCode = 0; ///< unconverted 4, baseline 2, converted 1, summed
+    LayerSet layers;
     std::int16_t columns = 0;
     std::int32_t rows = 0; ///< per layer
     bool withLabels = false;
@@ -87,13 +88,14 @@ struct SaveChoices {
 
 /// One layer block of a file with a header.
 struct LayerRead {
-    int layer = 0;
+    Layer layer = kUnconverted;
     std::int64_t skipLines = 0; ///< lines before the block's first data line, from the top of the record
     bool fillBase = false;      ///< fill the baseline layer after this block
     bool fillOut = false;       ///< fill the converted layer after this block
 };
 
-/// The blocks to read for a layer code, in order; nullopt for a code outside 1 to 7.
-[[nodiscard]] std::optional<std::vector<LayerRead>> layerReads(int layerCode, std::int32_t lines, bool withLabels);
+/// The blocks to read for the layers of a file, in order.
+/// @throws FormatFault for no layer at all, which no parsed header says
+[[nodiscard]] std::vector<LayerRead> layerReads(const LayerSet& layers, std::int32_t lines, bool withLabels);
 
 } // namespace tarvelint

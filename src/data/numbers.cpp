@@ -2,7 +2,6 @@
 #include "data/numbers.h"
 
 #include "data/decimal_digits.h"
-#include "data/number_scan.h"
 
 #include <algorithm>
 #include <array>
@@ -16,11 +15,6 @@ namespace tarvelint {
 namespace {
 
 constexpr int kMinFixedExponent = -4; ///< below, and from kSignificantDigits on, the exponent form is used
-
-constexpr bool isBlank(char c)
-{
-    return c == ' ' || c == '\t';
-}
 
 constexpr auto kPairs = [] {
     std::array<std::array<char, 2>, 100> pairs{};
@@ -125,62 +119,58 @@ std::string grouped(std::string_view digits, std::string_view grouping)
 }
 
 template <class Integer>
-Integer rounded(double value)
+std::optional<Integer> rounded(double value)
 {
     using Limits = std::numeric_limits<Integer>;
     const double nearest = std::nearbyint(value); // halves to even: the program never changes the rounding mode
     if (nearest >= Limits::min() && nearest <= Limits::max()) return static_cast<Integer>(nearest);
+    return std::nullopt;
+}
+
+template <class Integer>
+Integer roundedOrOverflow(double value)
+{
+    using Limits = std::numeric_limits<Integer>;
+    if (const auto fitting = rounded<Integer>(value)) return *fitting;
     throw NumericOverflow("The number " + generalText(value) + " is outside the range from " +
                           std::to_string(Limits::min()) + " to " + std::to_string(Limits::max()) + ".");
 }
 
 } // namespace
 
-double leadingNumber(std::string_view text)
-{
-    std::string compact;
-    for (const char c : text) {
-        if (isBlank(c) || c == '\n') continue;
-        compact += c == 'D' || c == 'd' ? 'E' : c;
-    }
-    double value = 0;
-    static_cast<void>(scanAnySize(compact.data(), compact.data() + compact.size(), value));
-    return value;
-}
-
-bool isNumeric(std::string_view text)
-{
-    return numericValue(text).has_value();
-}
-
-std::optional<double> numericValue(std::string_view text)
-{
-    while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
-    while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
-    double value = 0;
-    const char* const last = text.data() + text.size();
-    if (text.empty() || scanNumber(text.data(), last, value) != last) return std::nullopt;
-    return value;
-}
-
-std::int16_t roundToInt16(double value)
+std::optional<std::int16_t> roundedToInt16(double value)
 {
     return rounded<std::int16_t>(value);
 }
 
-std::int32_t roundToInt32(double value)
+std::optional<std::int32_t> roundedToInt32(double value)
 {
     return rounded<std::int32_t>(value);
 }
 
-float toFloat32(double value)
+std::optional<float> roundedToFloat32(double value)
 {
     constexpr float kMax = std::numeric_limits<float>::max();
     constexpr double kTooLarge = 0x1.ffffffp127; // half a unit above the largest float: rounds to infinity
     const double magnitude = std::abs(value);
-    if (!(magnitude < kTooLarge))
-        throw NumericOverflow("The number " + generalText(value) + " is too large for a 32-bit number.");
+    if (!(magnitude < kTooLarge)) return std::nullopt;
     return magnitude > double{kMax} ? std::copysign(kMax, value > 0 ? 1.0F : -1.0F) : static_cast<float>(value);
+}
+
+std::int16_t roundToInt16(double value)
+{
+    return roundedOrOverflow<std::int16_t>(value);
+}
+
+std::int32_t roundToInt32(double value)
+{
+    return roundedOrOverflow<std::int32_t>(value);
+}
+
+float toFloat32(double value)
+{
+    if (const auto fitting = roundedToFloat32(value)) return *fitting;
+    throw NumericOverflow("The number " + generalText(value) + " is too large for a 32-bit number.");
 }
 
 char* writeGeneralText(char* out, double value)

@@ -36,11 +36,18 @@ public:
 /// it is too large for a double. The reader's inner loop; same rounding as `numericValue`.
 [[nodiscard]] const char* scanNumber(const char* first, const char* last, double& value);
 
-/// Nearest integer, halves to even. @throws NumericOverflow when it does not fit or is not a number.
+/// Nearest integer, halves to even; empty when it does not fit or is not a number.
+[[nodiscard]] std::optional<std::int16_t> roundedToInt16(double value);
+[[nodiscard]] std::optional<std::int32_t> roundedToInt32(double value);
+
+/// Nearest 32-bit float; empty when the value is not finite or too large.
+[[nodiscard]] std::optional<float> roundedToFloat32(double value);
+
+/// As `roundedToInt16` and `roundedToInt32`, for commands that end there. @throws NumericOverflow instead of empty
 [[nodiscard]] std::int16_t roundToInt16(double value);
 [[nodiscard]] std::int32_t roundToInt32(double value);
 
-/// Nearest 32-bit float. @throws NumericOverflow when the value is not finite or too large.
+/// As `roundedToFloat32`. @throws NumericOverflow instead of empty
 [[nodiscard]] float toFloat32(double value);
 
 /// Room that `writeFileText` and `writeGeneralText` need at `out`, however short the text.

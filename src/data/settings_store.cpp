@@ -4,23 +4,55 @@
 #include "data/numbers.h"
 
 #include <algorithm>
+#include <array>
+#include <optional>
 
 namespace tarvelint {
 
 namespace {
 
-/// The stored text under `key` through `convert` (a rounding to some width), or `standard` when there
-/// is no such key, no number, or one that does not fit.
-template <class Number, class Convert>
-Number readNumber(SettingsStore& store, std::string_view key, Number standard, Convert convert)
+struct Row {
+    std::string_view key;
+    std::string_view standard;
+    std::string_view inColumnSetup = standard;
+};
+
+/// In the order of `Setting`. The two rows with a third text are given so: whoever never saved options sees 0.05 and 4
+/// in the options dialog, and 0.01 and 3 in the column set-up.
+constexpr auto kRows = std::to_array<Row>({{"ZoomFactor", "1"},
+                                           {"MainLeft", "1000"},
+                                           {"MainTop", "1000"},
+                                           {"MainWidth", "6500"},
+                                           {"MainHeight", "6500"},
+                                           {"Date", "1"},
+                                           {"Time", "2"},
+                                           {"Equation", "119*((B/X)-1)^1.23"},
+                                           {"Blank", "99999"},
+                                           {"Ref", "0"},
+                                           {"High", "1"},
+                                           {"Zero", "0"},
+                                           {"VPD", "11"},
+                                           {"PAR", "3"},
+                                           {"VPDlimit", "0.05"},
+                                           {"PARlimit", "0.05", "0.01"},
+                                           {"lullTime", "4", "3"}});
+static_assert(kRows.size() == static_cast<std::size_t>(Setting::lullTime) + 1);
+
+const Row& rowOf(Setting setting)
 {
-    const auto value = numericValue(store.readSetting(key, generalText(standard)));
-    if (!value) return standard;
-    try {
-        return convert(*value);
-    } catch (const NumericOverflow&) {
-        return standard;
-    }
+    return kRows[static_cast<std::size_t>(setting)];
+}
+
+/// The stored text through `convert` (a rounding to some width), or the default when there is no such key, no number,
+/// or one that does not fit.
+template <class Number>
+Number readNumber(SettingsStore& store, Setting setting, std::optional<Number> (*convert)(double))
+{
+    const auto numberIn = [=](std::string_view text) {
+        const auto value = numericValue(text);
+        return value ? convert(*value) : std::nullopt;
+    };
+    return numberIn(readSetting(store, setting)).value_or(numberIn(defaultText(setting)).value());
 }
 
 /// The zoom commands know these four factors only.
@@ -41,27 +73,42 @@ float fittingSize(float start, float size, float screenSize)
 
 } // namespace
 
+std::string_view defaultText(Setting setting, DefaultOf whose)
+{
+    return whose == DefaultOf::columnSetup ? rowOf(setting).inColumnSetup : rowOf(setting).standard;
+}
+
+std::string readSetting(SettingsStore& store, Setting setting, DefaultOf whose)
+{
+    return store.readSetting(rowOf(setting).key, defaultText(setting, whose));
+}
+
+void writeSetting(SettingsStore& store, Setting setting, std::string_view text)
+{
+    store.writeSetting(rowOf(setting).key, text);
+}
+
 WindowSettings readWindowSettings(SettingsStore& store)
 {
     WindowSettings read;
-    read.zoomFactor = knownZoom(readNumber(store, "ZoomFactor", read.zoomFactor, roundToInt16));
-    read.geometry.left = readNumber(store, "MainLeft", read.geometry.left, toFloat32);
-    read.geometry.top = readNumber(store, "MainTop", read.geometry.top, toFloat32);
-    read.geometry.width = readNumber(store, "MainWidth", read.geometry.width, toFloat32);
-    read.geometry.height = readNumber(store, "MainHeight", read.geometry.height, toFloat32);
-    read.date = readNumber(store, "Date", read.date, roundToInt16);
-    read.time = readNumber(store, "Time", read.time, roundToInt16);
-    read.equation = store.readSetting("Equation", read.equation);
+    read.zoomFactor = knownZoom(readNumber(store, Setting::ZoomFactor, roundedToInt16));
+    read.geometry.left = readNumber(store, Setting::MainLeft, roundedToFloat32);
+    read.geometry.top = readNumber(store, Setting::MainTop, roundedToFloat32);
+    read.geometry.width = readNumber(store, Setting::MainWidth, roundedToFloat32);
+    read.geometry.height = readNumber(store, Setting::MainHeight, roundedToFloat32);
+    read.date = readNumber(store, Setting::Date, roundedToInt16);
+    read.time = readNumber(store, Setting::Time, roundedToInt16);
+    read.equation = readSetting(store, Setting::Equation);
     read.blank = readBlankSetting(store);
-    read.ref = store.readSetting("Ref", read.ref);
-    read.high = readNumber(store, "High", std::int16_t{1}, roundToInt16) != 0;
+    read.ref = readSetting(store, Setting::Ref);
+    read.high = readNumber(store, Setting::High, roundedToInt16) != 0;
     read.zero = readZeroSetting(store);
     return read;
 }
 
 bool readZeroSetting(SettingsStore& store)
 {
-    std::string text = store.readSetting("Zero", "0");
+    std::string text = readSetting(store, Setting::Zero);
     for (char& c : text)
         if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
     return text == "true" || text == "1" || text == "-1";
@@ -69,40 +116,39 @@ bool readZeroSetting(SettingsStore& store)
 
 std::int32_t readBlankSetting(SettingsStore& store)
 {
-    return readNumber(store, "Blank", WindowSettings{}.blank, roundToInt32);
+    return readNumber(store, Setting::Blank, roundedToInt32);
 }
 
 PreProcessSettings readPreProcessSettings(SettingsStore& store)
 {
-    PreProcessSettings read;
-    read.par = store.readSetting("PAR", read.par);
-    read.vpd = store.readSetting("VPD", read.vpd);
-    read.parLimit = store.readSetting("PARlimit", read.parLimit);
-    read.vpdLimit = store.readSetting("VPDlimit", read.vpdLimit);
-    read.lullTime = store.readSetting("lullTime", read.lullTime);
-    return read;
+    const auto read = [&](Setting setting) { return readSetting(store, setting, DefaultOf::columnSetup); };
+    return {.par = read(Setting::PAR),
+            .vpd = read(Setting::VPD),
+            .parLimit = read(Setting::PARlimit),
+            .vpdLimit = read(Setting::VPDlimit),
+            .lullTime = read(Setting::lullTime)};
 }
 
 void writeClosingSettings(SettingsStore& store, const ClosingSettings& settings, const Geometry* geometry)
 {
-    store.writeSetting("Ref", settings.ref);
-    store.writeSetting("High", settings.high ? "1" : "0");
-    store.writeSetting("Date", plainText(settings.date));
-    store.writeSetting("Time", plainText(settings.time));
-    store.writeSetting("ZoomFactor", plainText(settings.zoomFactor));
+    writeSetting(store, Setting::Ref, settings.ref);
+    writeSetting(store, Setting::High, settings.high ? "1" : "0");
+    writeSetting(store, Setting::Date, plainText(settings.date));
+    writeSetting(store, Setting::Time, plainText(settings.time));
+    writeSetting(store, Setting::ZoomFactor, plainText(settings.zoomFactor));
     if (geometry == nullptr) return;
-    store.writeSetting("MainLeft", float32Text(geometry->left));
-    store.writeSetting("MainTop", float32Text(geometry->top));
-    store.writeSetting("MainWidth", float32Text(geometry->width));
-    store.writeSetting("MainHeight", float32Text(geometry->height));
+    writeSetting(store, Setting::MainLeft, float32Text(geometry->left));
+    writeSetting(store, Setting::MainTop, float32Text(geometry->top));
+    writeSetting(store, Setting::MainWidth, float32Text(geometry->width));
+    writeSetting(store, Setting::MainHeight, float32Text(geometry->height));
 }
 
 void writeNewWindowGeometry(SettingsStore& store, const Geometry& window, float screenWidth, float screenHeight)
 {
-    store.writeSetting("MainLeft", float32Text(window.left));
-    store.writeSetting("MainTop", float32Text(window.top));
-    store.writeSetting("MainHeight", float32Text(fittingSize(window.top, window.height, screenHeight)));
-    store.writeSetting("MainWidth", float32Text(fittingSize(window.left, window.width, screenWidth)));
+    writeSetting(store, Setting::MainLeft, float32Text(window.left));
+    writeSetting(store, Setting::MainTop, float32Text(window.top));
+    writeSetting(store, Setting::MainHeight, float32Text(fittingSize(window.top, window.height, screenHeight)));
+    writeSetting(store, Setting::MainWidth, float32Text(fittingSize(window.left, window.width, screenWidth)));
 }
 
 } // namespace tarvelint

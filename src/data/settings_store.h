@@ -17,25 +17,56 @@ public:
     virtual void writeSetting(std::string_view key, std::string_view text) = 0;
 };
 
+/// Every key of the store, called what it is called there.
+enum class Setting {
+    ZoomFactor,
+    MainLeft,
+    MainTop,
+    MainWidth,
+    MainHeight,
+    Date,
+    Time,
+    Equation,
+    Blank,
+    Ref,
+    High,
+    Zero,
+    VPD,
+    PAR,
+    VPDlimit,
+    PARlimit,
+    lullTime
+};
+
+/// Whose default an absent key takes: PARlimit and lullTime have two.
+enum class DefaultOf { optionsDialog, columnSetup };
+
+/// What `readSetting` answers for an absent key.
+[[nodiscard]] std::string_view defaultText(Setting setting, DefaultOf whose = DefaultOf::optionsDialog);
+/// The stored text, else the default.
+[[nodiscard]] std::string readSetting(SettingsStore& store, Setting setting,
+                                      DefaultOf whose = DefaultOf::optionsDialog);
+void writeSetting(SettingsStore& store, Setting setting, std::string_view text);
+
 /// Left, top, width and height of a window in twips (1/1440 inch; 15 to a device-independent pixel).
 struct Geometry {
-    float left = 1000;
-    float top = 1000;
-    float width = 6500;
-    float height = 6500;
+    float left = 0;
+    float top = 0;
+    float width = 0;
+    float height = 0;
     bool operator==(const Geometry&) const = default;
 };
 
-/// What a new window reads; the initialisers are the defaults of an empty store.
+/// What a new window reads.
 struct WindowSettings {
     std::int16_t zoomFactor = 1; ///< 1, 2, 4 or 8
     Geometry geometry;
-    std::int16_t date = 1;
-    std::int16_t time = 2;
-    std::string equation = "119*((B/X)-1)^1.23";
-    std::int32_t blank = 99999;
-    std::string ref = "0";
-    bool high = true;
+    std::int16_t date = 0; ///< 1-based, like `time`
+    std::int16_t time = 0;
+    std::string equation;
+    std::int32_t blank = 0;
+    std::string ref;
+    bool high = false;
     bool zero = false;
 };
 
@@ -43,29 +74,29 @@ struct WindowSettings {
 /// does not convert or overflows takes its default, in silence.
 [[nodiscard]] WindowSettings readWindowSettings(SettingsStore& store);
 
-/// The missing-value number, 99999 when the stored text is no number or does not fit.
+/// The missing-value number, its default when the stored text is no number or does not fit.
 [[nodiscard]] std::int32_t readBlankSetting(SettingsStore& store);
 
 /// "Zero": True for 1, -1 and "True" in any case.
 [[nodiscard]] bool readZeroSetting(SettingsStore& store);
 
-/// Texts of the column set-up's boxes, with that dialog's own defaults.
+/// Texts of the column set-up's boxes.
 struct PreProcessSettings {
-    std::string par = "3";
-    std::string vpd = "11";
-    std::string parLimit = "0.01";
-    std::string vpdLimit = "0.05";
-    std::string lullTime = "3";
+    std::string par;
+    std::string vpd;
+    std::string parLimit;
+    std::string vpdLimit;
+    std::string lullTime;
 };
-/// The texts as they are stored; they become numbers only when the user presses OK.
+/// The texts as they are stored, else that dialog's own defaults; they become numbers only when the user presses OK.
 [[nodiscard]] PreProcessSettings readPreProcessSettings(SettingsStore& store);
 
 /// What a closing window writes.
 struct ClosingSettings {
     std::string ref;
-    bool high = true;
-    std::int16_t date = 1;
-    std::int16_t time = 2;
+    bool high = false;
+    std::int16_t date = 0;
+    std::int16_t time = 0;
     std::int16_t zoomFactor = 1;
 };
 

@@ -38,7 +38,7 @@ Widget* named(Widget* widget, const char* objectName, const QString& accessibleN
 } // namespace
 
 ColumnSetupDialog::ColumnSetupDialog(ColumnSetup& setup, Command command, QWidget* parent)
-    : QDialog(parent), m_setup(setup), m_command(std::move(command))
+    : ProgramDialog(parent), m_setup(setup), m_command(std::move(command))
 {
     setObjectName(QStringLiteral("labelForm"));
     setWindowTitle(QStringLiteral("Labels"));
@@ -48,10 +48,12 @@ ColumnSetupDialog::ColumnSetupDialog(ColumnSetup& setup, Command command, QWidge
     rows->setSpacing(2);
     rows->addWidget(m_formPicture, 1);
     rows->addWidget(m_VScroll1);
-    auto* across = new QHBoxLayout(this);
-    across->setSpacing(16);
-    across->addLayout(rows, 2);
-    across->addWidget(buildChoices(), 3);
+    auto* contents = new QWidget;
+    m_across = new QHBoxLayout(contents);
+    m_across->setSpacing(16);
+    m_across->addLayout(rows, 2);
+    m_across->addWidget(buildChoices(), 3);
+    setParts(contents, buildButtons());
     m_OKButton->setDefault(true); // once it is in the dialog: before, the first button would be the default
     setTabOrders();
 }
@@ -126,8 +128,6 @@ QWidget* ColumnSetupDialog::buildChoices()
     down->addWidget(m_saveBox);
     down->addWidget(m_turboCheck);
     down->addWidget(m_paramFrame);
-    down->addSpacing(6);
-    down->addLayout(buildButtons());
     return choices;
 }
 
@@ -190,14 +190,18 @@ void ColumnSetupDialog::setTabOrders()
 
 void ColumnSetupDialog::showFor(bool blocking)
 {
+    if (isHidden()) { // else the rows hold what the user has made of the labels
+        m_originals.clear();
+        for (int i = 1; i <= m_setup.rows(); ++i) m_originals.push_back(m_setup.labelBox(i));
+    }
     hide(); // a window cannot change its modality while it is shown
     setWindowModality(blocking ? Qt::WindowModal : Qt::NonModal);
-    m_originals.clear();
-    for (int i = 1; i <= m_setup.rows(); ++i) m_originals.push_back(m_setup.labelBox(i));
     showBoxes();
     setScrollBar();
-    resize(layout()->totalSizeHint()); // adjustSize() would stop at two thirds of the screen
-    setAttribute(Qt::WA_Moved, false); // placed over its window anew at each showing
+    m_across->setDirection(QBoxLayout::LeftToRight);
+    if (layout()->contentsMargins().left() * 2 + m_across->totalSizeHint().width() > freeSize().width())
+        m_across->setDirection(QBoxLayout::TopToBottom); // so that it scrolls one way only
+    setAttribute(Qt::WA_Moved, false);                   // placed over its window anew at each showing
     show();
     if (m_setup.rows() > 0) goTo(1, false);
 }
@@ -305,6 +309,12 @@ bool ColumnSetupDialog::focusNextPrevChild(bool next)
             return true;
         }
     }
+    // In the chain of widgets the rows in view would follow, wherever the bar stands.
+    const bool fromOutside = next ? widget == m_OKButton : widget == m_saveBox;
+    if (fromOutside && m_setup.rows() > 0) {
+        goTo(next ? 1 : m_setup.rows(), !next);
+        return true;
+    }
     return QDialog::focusNextPrevChild(next);
 }
 
@@ -318,7 +328,7 @@ bool ColumnSetupDialog::eventFilter(QObject* watched, QEvent* event)
         const auto modifiers = key->modifiers() & ~Qt::KeypadModifier;
         if (modifiers == Qt::NoModifier && takeRowKey(watched, key->key())) return true;
     }
-    return QDialog::eventFilter(watched, event);
+    return ProgramDialog::eventFilter(watched, event);
 }
 
 bool ColumnSetupDialog::takeRowKey(const QObject* watched, int key)
@@ -338,6 +348,11 @@ bool ColumnSetupDialog::takeRowKey(const QObject* watched, int key)
 
 void ColumnSetupDialog::labelEdited(const Row& row, const QString& text)
 {
+    if (const QString shown = blanksForControls(text); shown != text) { // pasted or dropped
+        const int cursor = row.labelBox->cursorPosition();
+        row.labelBox->setText(shown);
+        return row.labelBox->setCursorPosition(cursor);
+    }
     m_setup.setLabelBox(row.row1, labelFromScreen(text, m_originals.at(static_cast<std::size_t>(row.row1 - 1))));
 }
 

@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "window/column_setup.h"
-
-#include <QDialog>
+#include "dialogs/program_dialog.h"
+#include "forms/column_setup.h"
 
 #include <functional>
 #include <string>
@@ -21,7 +20,7 @@ namespace tarvelint {
 
 /// `labelForm` on the screen: shows a `ColumnSetup` and sets what the user changes; every rule is the set-up's. A file
 /// may have 32,767 columns, so there are widgets for the rows in view only, and paging gives them other columns.
-class ColumnSetupDialog : public QDialog {
+class ColumnSetupDialog : public ProgramDialog {
     Q_OBJECT
 
 public:
@@ -81,7 +80,8 @@ private:
     std::vector<std::string> m_originals; ///< labels as the dialog opened, which unedited text gives back
     std::vector<Row> m_rows;
     std::vector<ParameterBox> m_parameterBoxes;
-    double m_pixelsPerUnit = 1; ///< rows lie `ColumnSetup::kRowPitch` units apart, whatever the font
+    double m_pixelsPerUnit = 1;     ///< rows lie `ColumnSetup::kRowPitch` units apart, whatever the font
+    QBoxLayout* m_across = nullptr; ///< rows and choices side by side, or one below the other
     QWidget* m_formPicture = nullptr;
     QScrollBar* m_VScroll1 = nullptr;
     QCheckBox* m_saveBox = nullptr;

@@ -1,14 +1,18 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/file_dialogs.h"
 
+#include "window/command_failure.h"
+
 #include <QDir>
 #include <QEvent>
 #include <QEventLoop>
+#include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QPointer>
 
 #include <algorithm>
+#include <memory>
 
 namespace tarvelint {
 
@@ -68,7 +72,21 @@ FileType pickedType(const QFileDialog& box, const FileDialog& dialog)
     return static_cast<FileType>(found - dialog.filters.begin() + 1);
 }
 
+void refuseUnlessCarriedUnchanged(const QString& name)
+{
+    if (isCarriedUnchanged(name)) return;
+    throw CommandFailure("The name \"" + name.toStdString() +
+                         "\" holds characters that are not valid UTF-8, so it cannot be told which file it means. "
+                         "Choose another name, or rename the file or its folder first. Nothing was read or written.");
+}
+
 } // namespace
+
+bool isCarriedUnchanged(const QString& name)
+{
+    return !name.contains(QChar::ReplacementCharacter) && !name.contains(QChar::Null) &&
+           QFile::decodeName(QFile::encodeName(name)) == name;
+}
 
 bool showUntilHidden(QDialog& dialog)
 {
@@ -91,14 +109,12 @@ std::optional<ChosenFile> askForFile(QWidget* parent, const FileDialog& dialog, 
     setUp(*box, dialog, save);
     if (!showUntilHidden(*box)) return std::nullopt;
 
-    std::optional<ChosenFile> chosen;
+    const std::unique_ptr<QFileDialog> end(box);
     const QStringList files = box->selectedFiles();
-    if (box->result() == QDialog::Accepted && !files.isEmpty()) {
-        lastFolder() = QFileInfo(files.first()).absolutePath();
-        chosen = ChosenFile{files.first().toStdString(), pickedType(*box, dialog)};
-    }
-    delete box.data();
-    return chosen;
+    if (box->result() != QDialog::Accepted || files.isEmpty()) return std::nullopt;
+    refuseUnlessCarriedUnchanged(files.first());
+    lastFolder() = QFileInfo(files.first()).absolutePath();
+    return ChosenFile{files.first().toStdString(), pickedType(*box, dialog)};
 }
 
 } // namespace tarvelint

@@ -13,7 +13,7 @@ namespace tarvelint {
 namespace {
 
 /// Windows-1252 from 0x80 to 0x9F; elsewhere it equals Latin-1. Its five unassigned bytes stand for themselves, so that
-/// every byte survives the way to the screen and back.
+/// every byte gives one character.
 constexpr std::array<char16_t, 32> kWindows1252{0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021,
                                                 0x02C6, 0x2030, 0x0160, 0x2039, 0x0152, 0x008D, 0x017D, 0x008F,
                                                 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022, 0x2013, 0x2014,
@@ -57,14 +57,23 @@ std::optional<std::string> inWindows1252(const QString& text)
 
 } // namespace
 
+QString blanksForControls(QString text)
+{
+    for (QChar& c : text)
+        if (c.category() == QChar::Other_Control || c == QChar::LineSeparator || c == QChar::ParagraphSeparator)
+            c = QLatin1Char(' ');
+    return text;
+}
+
 QString labelForScreen(std::string_view bytes)
 {
     const auto text = asUtf8(bytes);
-    return text ? *text : asWindows1252(bytes);
+    return blanksForControls(text ? *text : asWindows1252(bytes));
 }
 
-std::string labelFromScreen(const QString& text, std::string_view original)
+std::string labelFromScreen(const QString& typed, std::string_view original)
 {
+    const QString text = blanksForControls(typed);
     if (text == labelForScreen(original)) return std::string(original);
     if (asUtf8(original)) return text.toStdString();
     // Windows-1252 bytes that happen to be valid UTF-8 would read as another text the next time.

@@ -23,8 +23,10 @@ OptionsDialog::OptionsDialog(SettingsStore& store, Command command, std::functio
     setWindowTitle(QStringLiteral("Options"));
     setAttribute(Qt::WA_DeleteOnClose);
     setAttribute(Qt::WA_QuitOnClose, false);
-    auto* column = new QVBoxLayout(this);
-    column->setSpacing(12);
+    constexpr int kSpacing = 12;
+    auto* contents = new QWidget;
+    auto* column = new QVBoxLayout(contents);
+    column->setSpacing(kSpacing);
     column->addLayout(buildBoxes());
     auto* zero = new QCheckBox(QStringLiteral("initiallize with zeros")); // spelled so on purpose: users search for it
     zero->setObjectName(QStringLiteral("zeroBox"));
@@ -33,7 +35,8 @@ OptionsDialog::OptionsDialog(SettingsStore& store, Command command, std::functio
     connect(zero, &QCheckBox::toggled, this, [this](bool checked) { m_options.zeroBox = checked; });
     column->addWidget(zero);
     column->addStretch();
-    column->addLayout(buildButtons());
+    setParts(contents, buildButtons()).setSpacing(kSpacing);
+    m_cmdApplyCur->setDefault(true); // once it is in the dialog: before, the first button would be the default
 }
 
 QGridLayout* OptionsDialog::buildBoxes()
@@ -75,21 +78,21 @@ QBoxLayout* OptionsDialog::buildButtons()
 {
     auto* row = new QHBoxLayout;
     row->addStretch();
-    addButton(*row, "cmdApplyCur", "Change current", "Changes will affect current window only and won't be saved",
-              [this] { return m_options.cmdApplyCur_Click(); });
-    addButton(*row, "cmdApplyAll", "Change &all", "Changes will affect all open windows and will be saved",
-              [this] { return m_options.cmdApplyAll_Click(m_windows()); });
     auto* cancel = new QPushButton(QStringLiteral("Cancel"));
     cancel->setObjectName(QStringLiteral("cmdCancel"));
     cancel->setAccessibleName(cancel->text());
-    cancel->setAutoDefault(false);
     connect(cancel, &QPushButton::clicked, this, &QDialog::close);
     row->addWidget(cancel);
+    m_cmdApplyCur =
+        addButton(*row, "cmdApplyCur", "Change current", "Changes will affect current window only and won't be saved",
+                  [this] { return m_options.cmdApplyCur_Click(); });
+    addButton(*row, "cmdApplyAll", "Change &all", "Changes will affect all open windows and will be saved",
+              [this] { return m_options.cmdApplyAll_Click(m_windows()); });
     return row;
 }
 
-void OptionsDialog::addButton(QBoxLayout& row, const char* name, const char* caption, const char* tip,
-                              const std::function<bool()>& work)
+QPushButton* OptionsDialog::addButton(QBoxLayout& row, const char* name, const char* caption, const char* tip,
+                                      const std::function<bool()>& work)
 {
     auto* button = new QPushButton(QString::fromLatin1(caption));
     button->setObjectName(QString::fromLatin1(name));
@@ -97,6 +100,7 @@ void OptionsDialog::addButton(QBoxLayout& row, const char* name, const char* cap
     button->setToolTip(QString::fromUtf8(tip));
     connect(button, &QPushButton::clicked, this, [this, work] { apply(work); });
     row.addWidget(button);
+    return button;
 }
 
 void OptionsDialog::apply(const std::function<bool()>& work)

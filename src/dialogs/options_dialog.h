@@ -1,9 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "equation/options.h"
-
-#include <QDialog>
+#include "dialogs/program_dialog.h"
+#include "forms/options.h"
 
 #include <functional>
 #include <string>
@@ -13,12 +12,13 @@ class QBoxLayout;
 class QCheckBox;
 class QGridLayout;
 class QLineEdit;
+class QPushButton;
 
 namespace tarvelint {
 
 /// `frmOptions` on the screen: shows an `Options` and sets what the user changes. Both apply buttons close it unless a
 /// message has refused what they would apply.
-class OptionsDialog : public QDialog {
+class OptionsDialog : public ProgramDialog {
     Q_OBJECT
 
 public:
@@ -37,8 +37,8 @@ private:
     [[nodiscard]] QGridLayout* buildBoxes();
     [[nodiscard]] QBoxLayout* buildButtons();
     QLineEdit* addBox(QGridLayout& grid, int line, const char* name, const char* caption, std::string Options::*text);
-    void addButton(QBoxLayout& row, const char* name, const char* caption, const char* tip,
-                   const std::function<bool()>& work);
+    QPushButton* addButton(QBoxLayout& row, const char* name, const char* caption, const char* tip,
+                           const std::function<bool()>& work);
     void comeForward();
     void apply(const std::function<bool()>& work);
 
@@ -46,6 +46,7 @@ private:
     Command m_command;
     std::function<std::vector<Window*>()> m_windows;
     QLineEdit* m_eqBox = nullptr;
+    QPushButton* m_cmdApplyCur = nullptr;
 };
 
 } // namespace tarvelint

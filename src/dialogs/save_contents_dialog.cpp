@@ -24,7 +24,8 @@ QPushButton* addButton(QBoxLayout& row, const char* name, const char* caption)
 
 } // namespace
 
-SaveContentsDialog::SaveContentsDialog(SaveContents& contents, QWidget* parent) : QDialog(parent), m_contents(contents)
+SaveContentsDialog::SaveContentsDialog(SaveContents& contents, QWidget* parent)
+    : ProgramDialog(parent), m_contents(contents)
 {
     setObjectName(QStringLiteral("FileTypeFrm"));
     setWindowTitle(QStringLiteral("Save:"));
@@ -49,14 +50,16 @@ SaveContentsDialog::SaveContentsDialog(SaveContents& contents, QWidget* parent) 
     connect(ok, &QPushButton::clicked, this, &SaveContentsDialog::accept);
     connect(cancel, &QPushButton::clicked, this, &SaveContentsDialog::reject);
 
-    auto* column = new QVBoxLayout(this);
+    auto* boxes = new QWidget;
+    auto* column = new QVBoxLayout(boxes);
     column->setSpacing(column->spacing() + 4);
     column->addWidget(frame);
     column->addWidget(header);
     column->addWidget(blank);
     column->addSpacing(8);
-    column->addLayout(buttons);
-    column->setSizeConstraint(QLayout::SetFixedSize);
+    QVBoxLayout& parts = setParts(boxes, buttons);
+    parts.setSpacing(column->spacing());
+    parts.setSizeConstraint(QLayout::SetFixedSize);
     ok->setDefault(true); // once it is in the dialog: before, the first button would be the default
     showContents();
 }

@@ -1,16 +1,17 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "window/save_contents.h"
+#include "dialogs/program_dialog.h"
+#include "forms/save_contents.h"
 
-#include <QDialog>
+#include <QList>
 
 class QCheckBox;
 
 namespace tarvelint {
 
 /// `FileTypeFrm`: which layers a save writes, and how. Its boxes show and set a window's `SaveContents`.
-class SaveContentsDialog : public QDialog {
+class SaveContentsDialog : public ProgramDialog {
     Q_OBJECT
 
 public:

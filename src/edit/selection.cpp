@@ -1,17 +1,45 @@
 // SPDX-License-Identifier: MIT
 #include "edit/selection.h"
 
+#include "data/numbers.h"
 #include "window/window.h"
+
+#include <algorithm>
 
 namespace tarvelint {
 
 void Selection::mnuEditSelectAll_Click()
 {
-    m_window.selStart = 0;
-    m_window.selEnd = m_window.data.lines - 1;
+    m_view.selStart = 0;
+    m_view.selEnd = m_record.lines - 1;
+    m_window.showAll();
+}
+
+bool Selection::skip(bool draws)
+{
+    const std::int32_t lastRow = m_record.lines - 1;
+    if (m_view.selEnd >= lastRow || m_view.selEnd < m_view.selStart) return false;
+    const std::int64_t end = std::int64_t{2} * m_view.selEnd - m_view.selStart;
+    m_view.selStart = m_view.selEnd;
+    m_view.selEnd = static_cast<std::int32_t>(std::min<std::int64_t>(end, lastRow));
+    show(draws);
+    if (draws) m_window.updateCues();
+    return true;
+}
+
+void Selection::show(bool draws)
+{
+    const double width = m_ui.surface(0).scaleWidth();
+    const std::int32_t before = m_view.HScroll1.Value;
+    if (before + width < m_view.selEnd) {
+        const double value = m_view.selEnd - width;
+        const std::int32_t first = m_view.longRecord ? roundToInt32(value) : roundToInt16(value);
+        draws ? m_window.setScrollValue(first) : static_cast<void>(m_window.moveScrollValue(first));
+        if (m_view.HScroll1.Value != before) return; // scrolling has redrawn both areas
+    }
+    if (!draws) return;
     m_window.redraw(0, true);
-    m_window.redraw(1, true);
-    m_window.updateCues();
+    m_window.redraw(1, false);
 }
 
 } // namespace tarvelint

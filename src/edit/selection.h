@@ -1,20 +1,31 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "window/window.h"
+
 namespace tarvelint {
 
-class Window;
-
-/// The selected rows of a window, as the menus set them.
+/// The selected rows of a window, as menus and commands set them.
 class Selection {
 public:
-    explicit Selection(Window& window) : m_window(window) {}
+    explicit Selection(Window& window) : m_window(window), m_view(window.view), m_record(window.data), m_ui(window.ui)
+    {
+    }
 
     /// Every row; of an empty record none, so that the selection ends at -1.
     void mnuEditSelectAll_Click();
+    /// The selection moves one span to the right, sharing its boundary row, at most to the last row; with `draws` that
+    /// is shown, scrolled into view.
+    /// @return False at the record's end and for an empty selection: it stays, and nothing is drawn
+    bool skip(bool draws);
 
 private:
+    void show(bool draws);
+
     Window& m_window;
+    View& m_view;
+    Record& m_record;
+    Ui& m_ui;
 };
 
 } // namespace tarvelint

@@ -4,54 +4,49 @@
 #include "window/window.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tarvelint {
 
 void Undo::undoSave(std::int32_t column)
 {
-    const DataSet& data = m_window.data;
-    if (!data.hasColumn(column) || m_window.selEnd < m_window.selStart) return;
-    const std::int32_t first = std::max(m_window.selStart, 0);
-    const std::int32_t last = std::min(m_window.selEnd, data.lines - 1);
-
-    std::vector<Cells> copy;
-    if (first <= last) copy.reserve(static_cast<std::size_t>(last - first) + 1);
-    for (std::int32_t r = first; r <= last; ++r)
-        copy.push_back({data.values(kUnconverted, column, r), data.values(kBaseline, column, r),
-                        data.values(kConverted, column, r)});
-    undoBuf = std::move(copy);
-    m_firstRow = first;
-    undoCol = column;
-    showAvailable(true);
+    if (!m_record.hasColumn(column) || m_view.selEnd < m_view.selStart) return;
+    Copy copy{column, std::max(m_view.selStart, 0), {}};
+    const std::int32_t last = std::min(m_view.selEnd, m_record.lines - 1);
+    if (copy.firstRow <= last) copy.undoBuf.reserve(static_cast<std::size_t>(last - copy.firstRow) + 1);
+    for (std::int32_t r = copy.firstRow; r <= last; ++r)
+        copy.undoBuf.push_back({m_record.values(kUnconverted, column, r), m_record.values(kBaseline, column, r),
+                                m_record.values(kConverted, column, r)});
+    m_copy = std::move(copy);
+    showAvailability();
 }
 
 void Undo::mnuEditUndo_Click()
 {
-    if (!m_available) return;
+    if (!m_copy) return;
     if (fitsTheData()) {
         restore();
         m_window.markChanged();
-        m_window.redraw(0, true);
-        m_window.redraw(1, true);
-        m_window.updateCues(); // the selection has moved
+        m_window.showAll(); // the selection has moved
     }
-    showAvailable(false);
+    forget();
 }
 
 bool Undo::fitsTheData() const
 {
     // A copy of rows that are all outside the data has no cells: undoing it changes nothing.
-    if (undoBuf.empty()) return false;
-    const DataSet& data = m_window.data;
-    return data.hasColumn(undoCol) && static_cast<std::int64_t>(undoBuf.size()) <= data.lines - m_firstRow;
+    if (m_copy->undoBuf.empty()) return false;
+    const auto rows = static_cast<std::int64_t>(m_copy->undoBuf.size());
+    return m_record.hasColumn(m_copy->undoCol) && rows <= m_record.lines - m_copy->firstRow;
 }
 
 void Undo::restore()
 {
-    m_window.selStart = m_firstRow;
-    m_window.selEnd = m_firstRow + static_cast<std::int32_t>(undoBuf.size()) - 1;
-    Values& values = m_window.data.values;
-    std::int32_t r = m_firstRow;
+    const auto& [undoCol, firstRow, undoBuf] = *m_copy;
+    m_view.selStart = firstRow;
+    m_view.selEnd = firstRow + static_cast<std::int32_t>(undoBuf.size()) - 1;
+    Values& values = m_record.values;
+    std::int32_t r = firstRow;
     for (const Cells& cells : undoBuf) {
         values(kUnconverted, undoCol, r) = cells.unconverted;
         values(kBaseline, undoCol, r) = cells.baseline;
@@ -62,16 +57,14 @@ void Undo::restore()
 
 void Undo::forget()
 {
-    undoBuf = {};
-    undoCol = -1;
-    showAvailable(false);
+    m_copy.reset();
+    showAvailability();
 }
 
-void Undo::showAvailable(bool available)
+void Undo::showAvailability()
 {
-    m_available = available;
-    m_window.setText(Control::mnuEditUndo, available ? "&Undo" : "Can't Undo");
-    m_window.setEnabled(Control::mnuEditUndo, available);
+    m_window.setText(Control::mnuEditUndo, m_copy ? "&Undo" : "Can't Undo");
+    m_window.setEnabled(Control::mnuEditUndo, m_copy.has_value());
 }
 
 } // namespace tarvelint

@@ -1,18 +1,19 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "window/window.h"
+
 #include <cstdint>
+#include <optional>
 #include <vector>
 
 namespace tarvelint {
-
-class Window;
 
 /// One level of undo: a copy of the rows of one column, in all three layers, that a command is about to change.
 /// Baseline points and lull flags are no part of it. The Undo menu entry shows whether there is a copy.
 class Undo {
 public:
-    explicit Undo(Window& window) : m_window(window) {}
+    explicit Undo(Window& window) : m_window(window), m_view(window.view), m_record(window.data) {}
 
     /// Copies the selected rows of `column` (0-based), replacing the earlier copy. Rows outside the data are not
     /// copied. An empty selection (its end before its start) or a column that is not there saves nothing, and
@@ -32,15 +33,20 @@ private:
         double baseline;
         double converted;
     };
-    void showAvailable(bool available);
+    /// What a command was about to change.
+    struct Copy {
+        std::int32_t undoCol = -1;
+        std::int32_t firstRow = 0;
+        std::vector<Cells> undoBuf; ///< one element per row from `firstRow` on; empty when no row was in the data
+    };
+    void showAvailability();
     [[nodiscard]] bool fitsTheData() const;
     void restore();
 
     Window& m_window;
-    std::vector<Cells> undoBuf; ///< one element per row from `m_firstRow` on
-    std::int32_t m_firstRow = 0;
-    std::int32_t undoCol = -1;
-    bool m_available = false;
+    View& m_view;
+    Record& m_record;
+    std::optional<Copy> m_copy; ///< none: there is nothing to undo
 };
 
 } // namespace tarvelint

@@ -1,56 +1,57 @@
 // SPDX-License-Identifier: MIT
 #include "equation/conversion.h"
 
-#include "data/numbers.h"
 #include "equation/row_converter.h"
 #include "window/window.h"
 
-#include <algorithm>
-
 namespace tarvelint {
 
-void Conversion::convButton_Click()
+void Conversion::convertSelection(bool draws)
 {
-    if (!trimSelection()) return;
-    const Pointer pointer = m_window.pointer;
+    const std::int32_t selStart = m_view.selStart;
+    const std::int32_t selEnd = m_view.selEnd;
+    if (!trimSelection()) {
+        if (draws && (m_view.selStart != selStart || m_view.selEnd != selEnd)) m_window.showAll();
+        return;
+    }
+    const Pointer pointer = m_window.pointer();
     m_window.setPointer(Pointer::hourglass);
-    m_window.undoSave(m_window.curCol);
-    convertSelection();
-    if (!m_window.lineMode) m_window.skip();
+    m_window.undoSave(m_view.curCol());
+    convertSpan();
+    // Where the selection does not move on, at the record's end or in one-click mode, nobody else shows the new values.
+    const bool moved = !m_view.lineMode && m_window.skip(draws);
+    if (draws && !moved) m_window.showAll();
     m_window.setPointer(pointer);
-    m_window.ui.focus(Control::Picture1_0);
+    m_ui.focus(Control::Picture1_0);
 }
 
 /// True when a span of at least two rows with readings at both ends is left.
 bool Conversion::trimSelection()
 {
-    const DataSet& data = m_window.data;
-    if (!data.hasColumn(m_window.curCol) || !data.hasRow(m_window.selStart) || !data.hasRow(m_window.selEnd))
+    if (!m_record.hasColumn(m_view.curCol()) || !m_record.hasRow(m_view.selStart) || !m_record.hasRow(m_view.selEnd))
         return false;
-    const auto readings = data.values.column(kUnconverted, m_window.curCol);
-    while (m_window.selEnd > m_window.selStart) {
-        if (data.isBlank(readings[m_window.selStart]))
-            ++m_window.selStart;
-        else if (data.isBlank(readings[m_window.selEnd]))
-            --m_window.selEnd;
+    const auto readings = m_record.values.column(kUnconverted, m_view.curCol());
+    while (m_view.selEnd > m_view.selStart) {
+        if (m_record.isBlank(readings[m_view.selStart]))
+            ++m_view.selStart;
+        else if (m_record.isBlank(readings[m_view.selEnd]))
+            --m_view.selEnd;
         else
             return true;
     }
     return false;
 }
 
-void Conversion::convertSelection()
+void Conversion::convertSpan()
 {
-    DataSet& data = m_window.data;
-    const std::int32_t column = m_window.curCol;
-    const std::int32_t last = m_window.selEnd;
-    const double first = data.values(kUnconverted, column, m_window.selStart);
-    const double step =
-        (first - data.values(kUnconverted, column, last)) / (static_cast<double>(last) - m_window.selStart);
+    const std::int32_t column = m_view.curCol();
+    const std::int32_t first = m_view.selStart;
+    const std::int32_t last = m_view.selEnd;
+    double v = m_record.values(kUnconverted, column, first);
+    const double step = (v - m_record.values(kUnconverted, column, last)) / (static_cast<double>(last) - first);
     RowConverter converter(m_window);
-    double v = first;
-    for (std::int32_t row = m_window.selStart; row <= last; ++row) {
-        data.values(kBaseline, column, row) = data.storable(v);
+    for (std::int32_t row = first; row <= last; ++row) {
+        m_record.values(kBaseline, column, row) = m_record.storable(v);
         v = v - step;
         if (!converter.convertRow(column, row)) break;
     }
@@ -58,34 +59,10 @@ void Conversion::convertSelection()
 
 void Conversion::mnuToolsConvert_Click()
 {
-    if (m_window.isParameterColumn(m_window.curCol))
-        m_window.ui.beep();
+    if (m_record.isParameter(m_view.curCol()))
+        m_ui.beep();
     else
-        m_window.convButton_Click();
-}
-
-void Conversion::skip()
-{
-    const std::int32_t lastRow = m_window.data.lines - 1;
-    if (m_window.selEnd >= lastRow || m_window.selEnd < m_window.selStart) return;
-    const std::int64_t end = std::int64_t{2} * m_window.selEnd - m_window.selStart;
-    m_window.selStart = m_window.selEnd;
-    m_window.selEnd = static_cast<std::int32_t>(std::min<std::int64_t>(end, lastRow));
-    showSelection();
-    m_window.updateCues();
-}
-
-void Conversion::showSelection()
-{
-    const double width = m_window.ui.surface(0).scaleWidth();
-    const std::int32_t before = m_window.HScroll1.Value;
-    if (before + width < m_window.selEnd) {
-        const double value = m_window.selEnd - width;
-        m_window.setScrollValue(m_window.longRecord ? roundToInt32(value) : roundToInt16(value));
-        if (m_window.HScroll1.Value != before) return; // scrolling has redrawn both areas
-    }
-    m_window.redraw(0, true);
-    m_window.redraw(1, false);
+        convButton_Click();
 }
 
 } // namespace tarvelint

@@ -1,25 +1,37 @@
 // SPDX-License-Identifier: MIT
 #include "equation/row_converter.h"
 
+#include "data/file_format.h"
+#include "window/window.h"
+
 namespace tarvelint {
 
-RowConverter::RowConverter(Window& window) : m_window(window), m_evaluator(window), m_breather(window)
-{
-    window.stopFlag = false;
-    window.markChanged(); // at once: a loop that is given up half-way has changed data too
-}
+RowConverter::RowConverter(Window& window) : m_window(window), m_breather(window.ui, window.env.clock) {}
 
 bool RowConverter::convertRow(std::int32_t column, std::int32_t row)
 {
-    DataSet& data = m_window.data;
-    m_window.conversionRow = row;
-    m_equation = m_window.text(Control::FormulaBox);
-    std::string_view equation = m_equation;
-    const double converted =
-        m_evaluator.convert(equation, data.values(kUnconverted, column, row), data.values(kBaseline, column, row));
+    Record& data = m_window.data;
+    if (data.saveCheck) m_window.markChanged(); // at once: a loop that is given up half-way has changed data too
+    m_row = row;
+    const double converted = convert(m_window.conversionSettings.equation, data.values(kUnconverted, column, row),
+                                     data.values(kBaseline, column, row));
     data.values(kConverted, column, row) = data.storable(converted);
     if (m_breather.isDue()) m_breather.breathe();
-    return !m_window.stopFlag;
+    return !m_isStopped;
+}
+
+double RowConverter::convert(const std::string& equation, double source, double base)
+{
+    if (m_isStopped) return 0;
+    if (equation != m_equation.text()) m_equation = Equation(equation);
+    return m_equation.evaluate(source, base, {m_window.conversionSettings.baselineIsHigh, m_window.data.blank}, *this);
+}
+
+AfterFault RowConverter::onFault(const Fault& fault)
+{
+    const Message question{faultPrompt(fault, m_row), std::string(kTitle), Buttons::okCancel, Icon::none};
+    m_isStopped = m_window.ui.messageBox(question) == Answer::cancel;
+    return m_isStopped ? AfterFault::stop : AfterFault::goOn;
 }
 
 } // namespace tarvelint

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "equation/evaluator.h"
+#include "equation/equation.h"
 #include "window/breather.h"
 
 #include <cstdint>
@@ -9,23 +9,29 @@
 
 namespace tarvelint {
 
+class Window;
+
 /// Converts single cells with the equation that the window's `FormulaBox` shows at that moment, and lets pending events
 /// run between them. One lives as long as one command's loop.
-class RowConverter {
+class RowConverter : private FaultSink {
 public:
-    /// Clears the stop flag and marks the record as changed.
     explicit RowConverter(Window& window);
 
-    /// Sets the conversion row and writes the converted layer of (`column`, `row`), 0-based, from its reading and
-    /// baseline.
+    /// Converts (`column`, `row`), 0-based; the user is asked about each fault. The record counts as changed.
     /// @return False when the loop is to end: Cancel was chosen in a message about this row
     [[nodiscard]] bool convertRow(std::int32_t column, std::int32_t row);
+    /// What `equation` makes of the reading `source` on the baseline `base` in this window. After Cancel every value is
+    /// 0, and nothing is evaluated.
+    [[nodiscard]] double convert(const std::string& equation, double source, double base);
 
 private:
+    AfterFault onFault(const Fault& fault) override;
+
     Window& m_window;
-    Evaluator m_evaluator;
     Breather m_breather;
-    std::string m_equation; ///< read again for every row; a copy, because the box may change while a message is shown
+    Equation m_equation{""};  ///< read again only when the text is another
+    std::int32_t m_row = 0;   ///< being converted, for the messages
+    bool m_isStopped = false; ///< Cancel was chosen
 };
 
 } // namespace tarvelint

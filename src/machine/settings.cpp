@@ -49,15 +49,4 @@ std::string UserSettings::trouble()
            " cannot be read; the defaults are used. Check the file's permissions, or delete it to start afresh.";
 }
 
-std::string RunSettings::readSetting(std::string_view key, std::string_view defaultText)
-{
-    const auto found = m_values.find(key);
-    return found == m_values.end() ? std::string(defaultText) : found->second;
-}
-
-void RunSettings::writeSetting(std::string_view key, std::string_view text)
-{
-    m_values.insert_or_assign(std::string(key), std::string(text));
-}
-
 } // namespace tarvelint

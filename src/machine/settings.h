@@ -5,8 +5,6 @@
 
 #include <QSettings>
 
-#include <map>
-
 namespace tarvelint {
 
 /// The user's settings in the platform's per-user place, as texts.
@@ -22,16 +20,6 @@ public:
 
 private:
     QSettings m_store;
-};
-
-/// Settings of one run, empty at first: every reader gets its default, whoever runs the program.
-class RunSettings : public SettingsStore {
-public:
-    [[nodiscard]] std::string readSetting(std::string_view key, std::string_view defaultText) override;
-    void writeSetting(std::string_view key, std::string_view text) override;
-
-private:
-    std::map<std::string, std::string, std::less<>> m_values;
 };
 
 } // namespace tarvelint

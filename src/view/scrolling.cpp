@@ -4,6 +4,7 @@
 #include "data/numbers.h"
 
 #include <algorithm>
+#include <optional>
 
 namespace tarvelint {
 
@@ -12,37 +13,26 @@ namespace {
 constexpr std::int16_t kLargestZoom = 8;
 
 template <class Round>
-ScrollRange scrollRange(float width, std::int16_t zoomFactor, std::int32_t lines, Round round)
+std::optional<ScrollRange> scrollRange(float width, std::int16_t zoomFactor, std::int32_t lines, Round round)
 {
-    if (static_cast<double>(width) >= static_cast<double>(zoomFactor) * lines) return {};
+    if (static_cast<double>(width) >= static_cast<double>(zoomFactor) * lines) return ScrollRange{};
     const double rowsShown = static_cast<double>(width) / zoomFactor;
-    ScrollRange range;
-    range.Max = std::max<std::int32_t>(0, round(lines - rowsShown - 1));
-    range.LargeChange = round(rowsShown);
-    range.SmallChange = round(range.LargeChange / 10.0);
-    return range;
-}
-
-bool fits16Bits(float width, std::int16_t zoomFactor, std::int32_t lines)
-{
-    try {
-        static_cast<void>(scrollRange16(width, zoomFactor, lines));
-        return true;
-    } catch (const NumericOverflow&) {
-        return false;
-    }
+    const auto max = round(lines - rowsShown - 1);
+    const auto largeChange = round(rowsShown);
+    if (!max || !largeChange) return std::nullopt;
+    return ScrollRange{std::max<std::int32_t>(0, *max), round(*largeChange / 10.0).value(), *largeChange};
 }
 
 } // namespace
 
-ScrollRange scrollRange16(float width, std::int16_t zoomFactor, std::int32_t lines)
+std::optional<ScrollRange> scrollRange16(float width, std::int16_t zoomFactor, std::int32_t lines)
 {
-    return scrollRange(width, zoomFactor, lines, roundToInt16);
+    return scrollRange(width, zoomFactor, lines, roundedToInt16);
 }
 
 ScrollRange scrollRange32(float width, std::int16_t zoomFactor, std::int32_t lines)
 {
-    return scrollRange(width, zoomFactor, lines, roundToInt32);
+    return scrollRange(width, zoomFactor, lines, roundedToInt32).value();
 }
 
 std::int32_t valueCentring(std::int32_t row, float width, std::int16_t zoomFactor, std::int32_t max)
@@ -53,55 +43,51 @@ std::int32_t valueCentring(std::int32_t row, float width, std::int16_t zoomFacto
 
 void Scrolling::scrollset()
 {
-    apply(scrollRange16(width(), m_window.zoomFactor, m_window.data.lines));
-}
-
-void Scrolling::scrollsetLong()
-{
-    apply(scrollRange32(width(), m_window.zoomFactor, m_window.data.lines));
+    const auto range = scrollRange16(width(), m_view.zoomFactor, m_record.lines);
+    if (!range) throw NumericOverflow("The record is longer than a 16-bit scroll bar reaches.");
+    apply(*range);
 }
 
 void Scrolling::fitScrollBar()
 {
-    // Only the range is tried: an overflow in what the new range sets off is not a long record.
-    const bool isLong = !fits16Bits(width(), m_window.zoomFactor, m_window.data.lines);
-    m_window.setLongRecord(isLong);
-    isLong ? scrollsetLong() : scrollset();
+    const auto range = scrollRange16(width(), m_view.zoomFactor, m_record.lines);
+    m_window.setLongRecord(!range);
+    apply(range ? *range : scrollRange32(width(), m_view.zoomFactor, m_record.lines));
 }
 
 void Scrolling::apply(const ScrollRange& range)
 {
     // Where everything fits, Max is 0 and takes the value along.
     m_window.setScrollRange(range.Max, range.SmallChange, range.LargeChange);
-    if (m_window.Turbo && m_window.markRow >= 0)
-        m_window.setScrollValue(valueCentring(m_window.markRow, width(), m_window.zoomFactor, range.Max));
+    if (m_view.Turbo && m_view.markRow >= 0)
+        m_window.moveScrollValue(valueCentring(m_view.markRow, width(), m_view.zoomFactor, range.Max));
 }
 
 void Scrolling::mnuViewZoomIn_Click()
 {
-    if (m_window.zoomFactor >= kLargestZoom) return;
-    m_window.zoomFactor = roundToInt16(m_window.zoomFactor * 2.0);
-    if (m_window.zoomFactor == kLargestZoom) m_window.setEnabled(Control::mnuViewZoomIn, false);
-    m_window.setEnabled(Control::mnuViewZoomOut, true);
-    showNewZoom();
+    if (m_view.zoomFactor < kLargestZoom) zoomTo(m_view.zoomFactor * 2.0);
 }
 
 void Scrolling::mnuViewZoomOut_Click()
 {
-    if (m_window.zoomFactor <= 1) return;
-    m_window.zoomFactor = roundToInt16(m_window.zoomFactor / 2.0);
-    if (m_window.zoomFactor == 1) m_window.setEnabled(Control::mnuViewZoomOut, false);
-    m_window.setEnabled(Control::mnuViewZoomIn, true);
-    showNewZoom();
+    if (m_view.zoomFactor > 1) zoomTo(m_view.zoomFactor / 2.0);
 }
 
-void Scrolling::showNewZoom()
+void Scrolling::zoomTo(double unitsPerRow)
 {
-    m_window.zoomLevel = 0;
-    for (std::int16_t z = m_window.zoomFactor; z > 1; z = roundToInt16(z / 2.0)) ++m_window.zoomLevel;
+    m_view.zoomFactor = roundToInt16(unitsPerRow);
+    showZoomEntries();
+    m_view.zoomLevel = 0;
+    for (std::int16_t z = m_view.zoomFactor; z > 1; z = roundToInt16(z / 2.0)) ++m_view.zoomLevel;
     fitScrollBar();
     m_window.redraw(0, true);
     m_window.redraw(1, true);
+}
+
+void Scrolling::showZoomEntries()
+{
+    m_window.setEnabled(Control::mnuViewZoomIn, m_view.zoomFactor < kLargestZoom);
+    m_window.setEnabled(Control::mnuViewZoomOut, m_view.zoomFactor > 1);
 }
 
 void Scrolling::mnuViewRefresh_Click()
@@ -110,17 +96,9 @@ void Scrolling::mnuViewRefresh_Click()
     m_window.redraw(1, false);
 }
 
-void Scrolling::HScroll1_Change()
-{
-    m_window.redraw(1, true);
-    if (!m_window.isEnabled(Control::Picture1_0)) return;
-    m_window.ui.focus(Control::Picture1_0);
-    m_window.redraw(0, true);
-}
-
 void Scrolling::HScroll1_Scroll(std::int32_t value)
 {
-    ScrollBar& bar = m_window.HScroll1;
+    ScrollBar& bar = m_view.HScroll1;
     bar.Value = std::clamp(value, bar.Min, bar.Max);
     m_window.redraw(0, true);
     m_window.redraw(1, true);
@@ -128,7 +106,7 @@ void Scrolling::HScroll1_Scroll(std::int32_t value)
 
 void Scrolling::HScroll1_GotFocus()
 {
-    m_window.ui.focus(Control::Picture1_0);
+    m_ui.focus(Control::Picture1_0);
 }
 
 } // namespace tarvelint

@@ -4,6 +4,7 @@
 #include "window/window.h"
 
 #include <cstdint>
+#include <optional>
 
 namespace tarvelint {
 
@@ -16,9 +17,9 @@ struct ScrollRange {
 };
 
 /// What lets an area of `width` plot units scroll through `lines` rows; each number is rounded, halves to even.
-/// @throws NumericOverflow when one of them does not fit 16 bits
-[[nodiscard]] ScrollRange scrollRange16(float width, std::int16_t zoomFactor, std::int32_t lines);
-/// The same formulas in 32 bits.
+/// None when one of them does not fit 16 bits.
+[[nodiscard]] std::optional<ScrollRange> scrollRange16(float width, std::int16_t zoomFactor, std::int32_t lines);
+/// The same formulas in 32 bits, which every record fits.
 [[nodiscard]] ScrollRange scrollRange32(float width, std::int16_t zoomFactor, std::int32_t lines);
 
 /// First row that brings `row` to the middle of an area of `width` plot units, within 0..max.
@@ -27,39 +28,42 @@ struct ScrollRange {
 /// Scroll bar and zoom of a window.
 class Scrolling {
 public:
-    explicit Scrolling(Window& window) : m_window(window) {}
+    explicit Scrolling(Window& window) : m_window(window), m_view(window.view), m_record(window.data), m_ui(window.ui)
+    {
+    }
 
     /// Fits the scroll bar to the main area's width, the record and the zoom; a current baseline point is brought to
-    /// the middle. @throws NumericOverflow, having changed nothing, when the record is too long for 16 bits
+    /// the middle. Draws nothing: what calls it does.
+    /// @throws NumericOverflow, having changed nothing, when the record is too long for 16 bits
     void scrollset();
-    /// The same in 32 bits, for records that 16 bits cannot scroll through.
-    void scrollsetLong();
-    /// `scrollset`, and `scrollsetLong` in long-record mode when that overflows: what opening, zooming and resizing
-    /// call. A record that fits 16 bits leaves the mode.
+    /// What opening, zooming and resizing call: `scrollset` or, when that would overflow, the same in 32 bits, in
+    /// long-record mode. A record that fits 16 bits leaves the mode.
     void fitScrollBar();
 
     /// Doubles the zoom, up to 8 units a row, fits the scroll bar and draws both areas afresh.
     void mnuViewZoomIn_Click();
     /// Halves it, down to 1 unit a row.
     void mnuViewZoomOut_Click();
+    /// Enables the two zoom entries as far as the zoom can still go.
+    void showZoomEntries();
     /// Draws over what is there without erasing.
     void mnuViewRefresh_Click();
 
-    /// The value was set by a command or by a click on the bar: both areas are drawn anew, the main one last and with
-    /// the focus.
-    void HScroll1_Change();
-    /// The thumb was dragged to `value` (first row shown, clipped to the bar); `HScroll1_Change` is left to its
-    /// release.
+    /// The thumb was dragged to `value` (first row shown, clipped to the bar); the window's `HScroll1_Change` is
+    /// left to its release.
     void HScroll1_Scroll(std::int32_t value);
     /// Hands the focus back: keys always go to the plot.
     void HScroll1_GotFocus();
 
 private:
-    [[nodiscard]] float width() const { return m_window.ui.surface(0).scaleWidth(); }
+    [[nodiscard]] float width() const { return m_ui.surface(0).scaleWidth(); }
     void apply(const ScrollRange& range);
-    void showNewZoom();
+    void zoomTo(double unitsPerRow);
 
     Window& m_window;
+    View& m_view;
+    Record& m_record;
+    Ui& m_ui;
 };
 
 } // namespace tarvelint

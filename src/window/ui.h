@@ -1,14 +1,11 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "data/file_format.h"
 #include "data/settings_store.h"
 #include "window/controls.h"
 #include "window/surface.h"
 
-#include <optional>
 #include <string>
-#include <vector>
 
 namespace tarvelint {
 
@@ -26,23 +23,6 @@ struct Message {
 
 /// Pointer shapes over the plot, by the numbers commands know them by.
 enum class Pointer { standard = 0, cross = 2, fourWay = 5, northSouth = 7, hourglass = 11 };
-
-/// A file dialog to show; the filters are what the user reads, in the order of `FileType`.
-struct FileDialog {
-    std::string title;
-    struct Filter {
-        std::string text;     ///< "Comma Delimited (*.csv), (*.dat)"
-        std::string patterns; ///< "*.csv *.dat"
-    };
-    std::vector<Filter> filters;
-    FileType selected = FileType::space;
-};
-
-/// What the user chose in a file dialog.
-struct ChosenFile {
-    std::string path; ///< UTF-8
-    FileType type = FileType::space;
-};
 
 /// The toolkit as a command sees it. State lives in the window; `...Changed` says that it is to be shown
 /// again. Everything modal goes through here, so a test that is asked an unexpected question can fail at once.
@@ -65,20 +45,6 @@ public:
     /// Waits for the answer. A box closed in any other way gives the least harmful one: OK where there is nothing else,
     /// No to yes or no, else Cancel.
     virtual Answer messageBox(const Message& message) = 0;
-    /// Both wait; nullopt after Cancel.
-    [[nodiscard]] virtual std::optional<ChosenFile> openFileDialog(const FileDialog& dialog) = 0;
-    [[nodiscard]] virtual std::optional<ChosenFile> saveFileDialog(const FileDialog& dialog) = 0;
-
-    /// Shows the window's column setup dialog and returns at once; with `blocking` its window takes no input meanwhile.
-    virtual void showColumnSetup(bool blocking) = 0;
-    /// Nothing happens when it is not shown.
-    virtual void hideColumnSetup() = 0;
-    /// The dialog goes: its plain half is about to be destroyed.
-    virtual void unloadColumnSetup() = 0;
-    /// Shows the save-contents dialog and returns when it is hidden; its result stands in `SaveContents`.
-    virtual void showSaveContents() = 0;
-    /// The dialog goes: its plain half is about to be destroyed.
-    virtual void unloadSaveContents() = 0;
 
     /// Paints the status bar at once, without taking events: for a computation that must not be entered again.
     virtual void paintStatus() = 0;

@@ -5,144 +5,172 @@
 
 namespace tarvelint {
 
-namespace {
+template <class Self>
+auto& Window::textOf(Self& self, Control which)
+{
+    return which == Control::FormulaBox ? self.conversionSettings.equation : self.state(which).text;
+}
 
-constexpr const char* kLongRecordNote = "long record";
+template <class Self>
+auto& Window::checkOf(Self& self, Control which)
+{
+    switch (which) {
+    case Control::highBox: return self.conversionSettings.baselineIsHigh;
+    case Control::scaleBox0: return self.view.automaticRange[0];
+    case Control::scaleBox1: return self.view.automaticRange[1];
+    case Control::refCheck: return self.view.showsReference;
+    case Control::labelBox: return self.view.showsLabels;
+    default: return self.state(which).checked;
+    }
+}
 
-} // namespace
+ControlState Window::control(Control which) const
+{
+    return {text(which), isEnabled(which), isChecked(which), state(which).visible};
+}
+
+const std::string& Window::text(Control which) const
+{
+    return textOf(*this, which);
+}
+
+bool Window::isChecked(Control which) const
+{
+    return checkOf(*this, which);
+}
 
 void Window::setText(Control which, const std::string& text)
 {
-    auto& state = m_controls[static_cast<std::size_t>(which)];
-    if (state.text == text) return;
-    state.text = text;
+    std::string& present = textOf(*this, which);
+    if (present == text) return;
+    present = text;
     ui.changed(which);
 }
 
 void Window::setEnabled(Control which, bool enabled)
 {
-    auto& state = m_controls[static_cast<std::size_t>(which)];
-    if (state.enabled == enabled) return;
-    state.enabled = enabled;
+    if (state(which).enabled == enabled) return;
+    state(which).enabled = enabled;
     ui.changed(which);
 }
 
 void Window::setChecked(Control which, bool checked)
 {
-    auto& state = m_controls[static_cast<std::size_t>(which)];
-    if (state.checked == checked) return;
-    state.checked = checked;
+    bool& present = checkOf(*this, which);
+    if (present == checked) return;
+    present = checked;
     ui.changed(which);
 }
 
 void Window::setVisible(Control which, bool visible)
 {
-    auto& state = m_controls[static_cast<std::size_t>(which)];
-    if (state.visible == visible) return;
-    state.visible = visible;
+    if (state(which).visible == visible) return;
+    state(which).visible = visible;
     ui.changed(which);
 }
 
 void Window::setStatus(int panel, const std::string& text)
 {
-    if (panel == 1) {
-        setText(Control::statusPanel1, text);
-        return;
-    }
+    if (panel == 1) return setText(Control::statusPanel1, text);
     m_panel2 = text;
-    if (!longRecord)
-        setText(Control::statusPanel2, text);
-    else
-        setText(Control::statusPanel2, text.empty() ? kLongRecordNote : text + ", " + kLongRecordNote);
+    showPanel2();
 }
 
 void Window::setLongRecord(bool on)
 {
-    longRecord = on;
-    setStatus(2, m_panel2);
+    view.longRecord = on;
+    showPanel2();
+}
+
+void Window::setNoZeroFlow(bool on)
+{
+    m_noZeroFlow = on;
+    showPanel2();
+}
+
+void Window::showPanel2()
+{
+    std::string shown = m_panel2;
+    const auto add = [&shown](const char* note) { shown += (shown.empty() ? "" : ", ") + std::string(note); };
+    if (view.longRecord) add("long record");
+    if (m_noZeroFlow) add("no zero flow found");
+    setText(Control::statusPanel2, shown);
+}
+
+void Window::showMode()
+{
+    if (!view.lineMode)
+        setStatus(1, "Mode: traditional, edit data");
+    else
+        setStatus(1, view.Sloppy ? "Mode: sloppy one-click" : "Mode: one-click baseline");
+    setPointer(view.lineMode ? Pointer::northSouth : Pointer::cross);
 }
 
 void Window::setPointer(Pointer shape)
 {
-    if (pointer == shape) return;
-    pointer = shape;
+    if (m_pointer == shape) return;
+    m_pointer = shape;
     ui.pointerChanged();
 }
 
 void Window::setCaption(const std::string& text)
 {
-    if (caption == text) return;
-    caption = text;
+    if (m_caption == text) return;
+    m_caption = text;
     ui.captionChanged();
+}
+
+bool Window::placeScrollBar(std::int32_t value)
+{
+    ScrollBar& bar = view.HScroll1;
+    const std::int32_t clipped = std::clamp(value, bar.Min, bar.Max);
+    if (clipped == bar.Value) return false;
+    bar.Value = clipped;
+    ui.scrollBarChanged();
+    return true;
 }
 
 void Window::setScrollValue(std::int32_t value)
 {
-    const std::int32_t clipped = std::clamp(value, HScroll1.Min, HScroll1.Max);
-    if (clipped == HScroll1.Value) return;
-    HScroll1.Value = clipped;
-    ui.scrollBarChanged();
-    HScroll1_Change();
+    if (placeScrollBar(value)) HScroll1_Change();
+}
+
+bool Window::moveScrollValue(std::int32_t value)
+{
+    if (!placeScrollBar(value)) return false;
+    if (isEnabled(Control::Picture1_0)) ui.focus(Control::Picture1_0);
+    return true;
 }
 
 void Window::setScrollRange(std::int32_t max, std::int32_t smallChange, std::int32_t largeChange)
 {
-    HScroll1.Max = max;
-    HScroll1.SmallChange = smallChange;
-    HScroll1.LargeChange = largeChange;
+    ScrollBar& bar = view.HScroll1;
+    bar.Max = max;
+    bar.SmallChange = smallChange;
+    bar.LargeChange = largeChange;
     ui.scrollBarChanged();
-    setScrollValue(HScroll1.Value);
+    moveScrollValue(bar.Value);
 }
 
-void Window::chooseColumn(int index, std::int32_t entry)
+void Window::HScroll1_Change()
 {
-    varList.at(static_cast<std::size_t>(index)).chosen = entry;
-    ui.listChanged(index);
-    varList_Change(index);
-}
-
-void Window::setListEntries(const std::vector<std::string>& entries)
-{
-    for (int index = 0; index < 2; ++index) {
-        varList[static_cast<std::size_t>(index)] = {entries, -1};
-        ui.listChanged(index);
-    }
-}
-
-void Window::setListTexts(const std::vector<std::string>& texts)
-{
-    for (int index = 0; index < 2; ++index) {
-        auto& entries = varList[static_cast<std::size_t>(index)].entries;
-        std::copy_n(texts.begin(), std::min(texts.size(), entries.size()), entries.begin());
-        ui.listChanged(index);
-    }
+    redraw(1, true);
+    if (!isEnabled(Control::Picture1_0)) return;
+    ui.focus(Control::Picture1_0);
+    redraw(0, true);
 }
 
 void Window::markChanged()
 {
     data.saveCheck = false;
-    if (hasRecord()) setEnabled(Control::mnuFileSave, true);
+    if (!data.isEmpty()) setEnabled(Control::mnuFileSave, true);
 }
 
-void Window::showMode()
-{
-    if (!lineMode)
-        setStatus(1, "Mode: traditional, edit data");
-    else
-        setStatus(1, Sloppy ? "Mode: sloppy one-click" : "Mode: one-click baseline");
-    setPointer(lineMode ? Pointer::northSouth : Pointer::cross);
-}
-
-void Window::fixblanks()
+void Window::showAll()
 {
     redraw(0, true);
     redraw(1, true);
     updateCues();
-}
-
-bool Window::isParameterColumn(std::int32_t column) const
-{
-    return labelFrm && column >= 0 && column < labelFrm->rows() && labelFrm->isParameter(column + 1);
 }
 
 } // namespace tarvelint

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/captions.h"
 
+#include "app/shell_window.h"
+
 #include <gtest/gtest.h>
 
 #include <vector>
@@ -48,6 +50,21 @@ TEST(UniqueCaption, theNumberIsGroupedAsTheSystemGroups)
     for (int k = 1; k < 1000; ++k) forms.push_back("Tarvelint " + std::to_string(k));
     EXPECT_EQ(uniqueCaption("Tarvelint", forms, ","), "Tarvelint 1,000");
     EXPECT_EQ(uniqueCaption("Tarvelint", forms, ""), "Tarvelint 1000");
+}
+
+TEST(SetCaption, givesTheCaptionToTheWindowAndBackAsTaken)
+{
+    TestWindow window;
+    FakeApplication application;
+    application.captions = {"Tarvelint: /data/run.csv"};
+    std::string caption = "Tarvelint: /data/run.csv";
+    setcaption(window, application, caption);
+    EXPECT_EQ(caption, "Tarvelint 1");
+    EXPECT_EQ(window.caption(), "Tarvelint 1");
+    caption = "Tarvelint: /data/other.csv";
+    setcaption(window, application, caption);
+    EXPECT_EQ(caption, "Tarvelint: /data/other.csv");
+    EXPECT_EQ(window.caption(), caption);
 }
 
 } // namespace

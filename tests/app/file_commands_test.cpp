@@ -19,13 +19,14 @@ using Texts = std::vector<std::string>;
 /// Everything of a window that a failed open must leave alone.
 struct Snapshot {
     explicit Snapshot(const Shell& shell)
-        : caption(shell.window.caption), path(shell.window.data.filePath), delimiter(shell.window.data.fileDelimiter),
-          savePath(shell.window.savePath), status(shell.status()), status2(shell.status2()),
-          rowLabel(shell.window.text(Control::rowLabel)), undo(shell.window.text(Control::mnuEditUndo)),
-          labels(shell.window.data.labels), entries(shell.window.varList[0].entries),
+        : caption(shell.window.caption()), path(shell.window.file.filePath), savePath(shell.window.file.savePath),
+          status(shell.status()), status2(shell.status2()), rowLabel(shell.window.text(Control::rowLabel)),
+          undo(shell.window.text(Control::mnuEditUndo)), delimiter(shell.window.file.fileDelimiter),
+          labels(shell.window.data.labels), entries(shell.window.view.columnEntries),
           columns(shell.window.data.columns), lines(shell.window.data.lines), blank(shell.window.data.blank),
-          chosen(shell.window.varList[0].chosen), points(shell.window.basePoints.sensors()),
-          pointer(shell.window.pointer), saveCheck(shell.window.data.saveCheck), hasDialog(shell.window.haveLabelForm())
+          chosen(shell.window.view.chosenColumn[0]), points(shell.window.sensors.count()),
+          pointer(shell.window.pointer()), saveCheck(shell.window.data.saveCheck),
+          hasDialog(shell.window.forms.haveLabelForm())
     {
         for (int layer = 1; layer <= kLayers && lines > 0; ++layer)
             for (std::int32_t r = 0; r < lines; ++r)
@@ -33,7 +34,8 @@ struct Snapshot {
     }
     bool operator==(const Snapshot&) const = default;
 
-    std::string caption, path, delimiter, savePath, status, status2, rowLabel, undo;
+    std::string caption, path, savePath, status, status2, rowLabel, undo;
+    std::optional<FileType> delimiter;
     Texts labels, entries;
     std::int16_t columns;
     std::int32_t lines, blank, chosen, points;
@@ -75,12 +77,80 @@ TEST(OpenDialog, theTypePickedIsTheDelimiterWhateverTheExtension)
     Shell shell;
     shell.openText("1\t2\n3\t4\n", FileType::tab, "/data/odd.csv");
     EXPECT_EQ(shell.window.data.columns, 2);
-    EXPECT_EQ(shell.window.data.fileDelimiter, "\t");
+    EXPECT_EQ(shell.window.file.fileDelimiter, FileType::tab);
     shell.openText("1 2 3\n", FileType::space, "/data/odd.txt");
     EXPECT_EQ(shell.window.data.columns, 3);
-    EXPECT_EQ(shell.window.data.fileDelimiter, " ");
+    EXPECT_EQ(shell.window.file.fileDelimiter, FileType::space);
     shell.openText("1,2\n", FileType::comma, "/data/odd.asc");
-    EXPECT_EQ(shell.window.data.fileDelimiter, ",");
+    EXPECT_EQ(shell.window.file.fileDelimiter, FileType::comma);
+}
+
+TEST(OpenDialog, preselectsTheTypeLastOpenedOrSavedInThisRun)
+{
+    Shell shell;
+    shell.openText("1 2\n3 4\n", FileType::space);
+    shell.openText("1\t2\n3\t4\n", FileType::tab);
+    shell.openText("1,2\n3,4\n", FileType::comma);
+    ASSERT_EQ(shell.fakeUi.fileDialogs.size(), 3U);
+    EXPECT_EQ(shell.fakeUi.fileDialogs[0].selected, FileType::space) << "the first of the list";
+    EXPECT_EQ(shell.fakeUi.fileDialogs[1].selected, FileType::space);
+    EXPECT_EQ(shell.fakeUi.fileDialogs[2].selected, FileType::tab);
+    EXPECT_EQ(shell.application.lastFileType, FileType::comma);
+}
+
+TEST(OpenDialog, aFileThatCannotBeOpenedIsNoLastType)
+{
+    Shell shell;
+    shell.open("/data/missing.csv", FileType::comma);
+    EXPECT_EQ(shell.application.lastFileType, FileType::space);
+}
+
+// A type that does not fit the file
+
+/// A comma-delimited record picked as a space-delimited one.
+struct Mistaken : Shell {
+    void openAnswering(Answer answer)
+    {
+        fakeUi.answers = {answer};
+        openText("Day,Time,S1\n1,2,3\n4,5,6\n", FileType::space, "/data/run.csv");
+    }
+};
+
+TEST(OpenMistakenType, asksOnceAndNamesBoth)
+{
+    Mistaken shell;
+    shell.openAnswering(Answer::yes);
+    ASSERT_EQ(shell.fakeUi.messages.size(), 1U);
+    const Message& question = shell.fakeUi.messages.front();
+    EXPECT_EQ(question.text, "As \"Space Delimited\" the first row of /data/run.csv is one column, as \"Comma "
+                             "Delimited\" it is 3 columns. Open it as \"Comma Delimited\"?");
+    EXPECT_EQ(question.buttons, Buttons::yesNoCancel);
+}
+
+TEST(OpenMistakenType, yesTakesTheOtherType)
+{
+    Mistaken shell;
+    shell.openAnswering(Answer::yes);
+    EXPECT_EQ(shell.window.data.columns, 3);
+    EXPECT_EQ(shell.window.file.fileDelimiter, FileType::comma);
+    EXPECT_EQ(shell.application.lastFileType, FileType::comma);
+}
+
+TEST(OpenMistakenType, noOpensAsChosen)
+{
+    Mistaken shell;
+    shell.openAnswering(Answer::no);
+    EXPECT_EQ(shell.window.data.columns, 1);
+    EXPECT_EQ(shell.window.file.fileDelimiter, FileType::space);
+}
+
+TEST(OpenMistakenType, cancelOpensNothing)
+{
+    Mistaken shell;
+    const Snapshot before(shell);
+    shell.openAnswering(Answer::cancel);
+    EXPECT_EQ(Snapshot(shell), before);
+    EXPECT_EQ(shell.application.lastFileType, FileType::space);
 }
 
 // The question before
@@ -138,7 +208,7 @@ TEST(OpenQuestion, yesSavesUnderANewNameFirst)
     shell.openText(kLoggerRecord, FileType::comma, "/data/next.csv");
     EXPECT_TRUE(shell.files.exists("/data/kept.csv"));
     EXPECT_EQ(shell.fakeUi.fileDialogs.at(1).title, "Save As:");
-    EXPECT_EQ(shell.window.data.filePath, "/data/next.csv");
+    EXPECT_EQ(shell.window.file.filePath, "/data/next.csv");
     EXPECT_TRUE(shell.window.data.saveCheck);
 }
 
@@ -148,10 +218,10 @@ TEST(OpenQuestion, yesWithoutASuccessfulSaveStops)
     shell.openText(kSavedRecord);
     shell.window.markChanged();
     shell.fakeUi.answers = {Answer::yes};
-    shell.fakeUi.onSaveContents = [&] { shell.window.typeFrm->CancelButton_Click(); };
+    shell.fakeUi.onSaveContents = [&] { shell.window.forms.typeFrm->CancelButton_Click(); };
     shell.command([&] { shell.window.files.mnuFileOpen_Click(); });
     EXPECT_EQ(shell.fakeUi.fileDialogs.size(), 1U);
-    EXPECT_EQ(shell.window.data.filePath, "/data/run.csv");
+    EXPECT_EQ(shell.window.file.filePath, "/data/run.csv");
 }
 
 // A load that fails
@@ -161,9 +231,8 @@ void expectNothingChangedBy(const std::string& text, const std::string& boxText,
 {
     Shell shell;
     shell.openText(kLoggerRecord);
-    shell.window.sensors = 1;
-    shell.window.basePoints.allocate(1, 3);
-    shell.window.selEnd = 1;
+    shell.window.sensors.assign({2}, 3);
+    shell.window.view.selEnd = 1;
     shell.window.undoSave(2);
     const Snapshot before(shell);
     shell.openText(text, FileType::tab, "/data/faulty.txt");
@@ -204,7 +273,7 @@ TEST(OpenFailure, aWindowThatClosesMeanwhileKeepsItsOldRecordWithoutAWord)
     Shell shell;
     shell.openText(kSavedRecord);
     const Snapshot before(shell);
-    shell.clock.step = Breather::kPause; // the counter shows every row
+    shell.clock.step = Pacer::kPause; // the counter shows every row
     shell.fakeUi.onPendingEvents = [&] {
         if (shell.window.text(Control::rowLabel) == "1") throw WindowClosing{};
     };
@@ -225,7 +294,7 @@ TEST(OpenWarning, aFileShorterThanItsHeaderSaysKeepsItsRowsAndWarnsOnce)
     EXPECT_EQ(shell.fakeUi.messages[0].icon, Icon::warning);
     EXPECT_THAT(shell.fakeUi.messages[0].text, HasSubstr("ends at line 3"));
     EXPECT_THAT(shell.fakeUi.messages[0].text, HasSubstr("4 rows"));
-    EXPECT_EQ(shell.window.caption, "Tarvelint: /data/run.csv");
+    EXPECT_EQ(shell.window.caption(), "Tarvelint: /data/run.csv");
 }
 
 // Progress
@@ -236,11 +305,11 @@ TEST(OpenProgress, aLoggersFileShowsSettingUpAndReading)
     Texts seen;
     shell.fakeUi.onPendingEvents = [&] {
         seen.push_back(shell.status());
-        EXPECT_EQ(shell.window.pointer, Pointer::hourglass);
+        EXPECT_EQ(shell.window.pointer(), Pointer::hourglass);
     };
     shell.openText(kLoggerRecord);
     EXPECT_THAT(seen, ElementsAre("Setting up memory", "reading data"));
-    EXPECT_EQ(shell.window.pointer, Pointer::cross);
+    EXPECT_EQ(shell.window.pointer(), Pointer::cross);
 }
 
 TEST(OpenProgress, aSavedFileNamesEachLayerAsItIsRead)
@@ -260,7 +329,7 @@ TEST(OpenProgress, pendingEventsRunByTimeAndNotAtEveryRow)
     for (int r = 0; r < 10; ++r) rows += "1,2\n";
     Texts counter;
     shell.fakeUi.onPendingEvents = [&] { counter.push_back(shell.window.text(Control::rowLabel)); };
-    shell.clock.step = Breather::kPause / 3; // a third of a pause a row: every third row shows
+    shell.clock.step = Pacer::kPause / 3; // a third of a pause a row: every third row shows
     shell.openText(rows);
     EXPECT_THAT(counter, ElementsAre("", "", "3", "6", "9"));
     EXPECT_EQ(shell.window.text(Control::rowLabel), "10"); // the counter ends at the number of rows

@@ -3,6 +3,7 @@
 
 #include "data/numbers.h"
 #include "support/test_window.h"
+#include "window/command_failure.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -36,7 +37,7 @@ public:
     }
     [[nodiscard]] bool isAtRest() const
     {
-        return pointer == Pointer::cross && text(Control::statusPanel1) == "Mode: select data" && !boundary.isBusy();
+        return pointer() == Pointer::cross && text(Control::statusPanel1) == "Mode: select data" && !boundary.isBusy();
     }
 };
 
@@ -64,7 +65,7 @@ TEST(HandlerBoundaryCommand, runsAndLeavesWhatItShowed)
     });
     EXPECT_FALSE(window.boundary.isBusy());
     EXPECT_EQ(window.text(Control::statusPanel1), "Mode: one-click baseline");
-    EXPECT_EQ(window.pointer, Pointer::northSouth);
+    EXPECT_EQ(window.pointer(), Pointer::northSouth);
     EXPECT_TRUE(window.fakeUi.messages.empty());
 }
 

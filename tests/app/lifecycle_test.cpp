@@ -56,12 +56,12 @@ TEST(WindowCreation, aFirstRunOpensWithTheDefaults)
     EXPECT_EQ(shell.fakeUi.place, (Geometry{1000, 1000, 6500, 6500}));
     EXPECT_EQ(shell.window.text(Control::FormulaBox), "119*((B/X)-1)^1.23");
     EXPECT_EQ(shell.window.data.blank, 99999);
-    EXPECT_EQ(shell.window.data.dateCol, 1);
-    EXPECT_EQ(shell.window.data.timeCol, 2);
+    EXPECT_EQ(shell.window.view.dateCol, 1);
+    EXPECT_EQ(shell.window.view.timeCol, 2);
     EXPECT_EQ(shell.window.text(Control::refBox), "0");
     EXPECT_TRUE(shell.window.isChecked(Control::highBox));
     EXPECT_FALSE(shell.window.data.zeroOut);
-    EXPECT_EQ(shell.window.zoomFactor, 1);
+    EXPECT_EQ(shell.window.view.zoomFactor, 1);
 }
 
 TEST(WindowCreation, readsTheSettingsInOrder)
@@ -79,10 +79,10 @@ TEST(WindowCreation, takesWhatTheStoreHolds)
                              {"MainHeight", "8000"}, {"Date", "5"},      {"Time", "6"},     {"Equation", "X, B"},
                              {"Blank", "-9"},        {"Ref", "1.5"},     {"High", "0"},     {"Zero", "True"}};
     shell.window.lifecycle.Form_Load();
-    EXPECT_EQ(shell.window.zoomFactor, 4);
+    EXPECT_EQ(shell.window.view.zoomFactor, 4);
     EXPECT_EQ(shell.fakeUi.place, (Geometry{20, 30, 7000, 8000}));
-    EXPECT_EQ(shell.window.data.dateCol, 5);
-    EXPECT_EQ(shell.window.data.timeCol, 6);
+    EXPECT_EQ(shell.window.view.dateCol, 5);
+    EXPECT_EQ(shell.window.view.timeCol, 6);
     EXPECT_EQ(shell.window.text(Control::FormulaBox), "X, B");
     EXPECT_EQ(shell.window.data.blank, -9);
     EXPECT_EQ(shell.window.text(Control::refBox), "1.5");
@@ -102,21 +102,21 @@ TEST(WindowCreation, aBlankThatIsNoNumberIs99999WithoutAMessage)
 TEST(WindowCreation, startsEmptySavedAndOnTheReadings)
 {
     Shell shell;
-    EXPECT_FALSE(shell.window.hasRecord());
+    EXPECT_TRUE(shell.window.data.isEmpty());
     EXPECT_TRUE(shell.window.data.saveCheck);
-    EXPECT_EQ(shell.window.curLayer, kUnconverted);
-    EXPECT_EQ(shell.window.savePath, "");
-    EXPECT_FALSE(shell.window.haveLabelForm());
-    EXPECT_FALSE(shell.window.haveTypeForm());
+    EXPECT_EQ(shell.window.view.curLayer, kUnconverted);
+    EXPECT_EQ(shell.window.file.savePath, "");
+    EXPECT_FALSE(shell.window.forms.haveLabelForm());
+    EXPECT_FALSE(shell.window.forms.haveTypeForm());
 }
 
 TEST(WindowCreation, isCaptionedWithTheTitleMadeUnique)
 {
-    EXPECT_EQ(Shell().window.caption, "Tarvelint");
+    EXPECT_EQ(Shell().window.caption(), "Tarvelint");
     Shell second;
     second.application.captions = {"Tarvelint"};
     second.window.lifecycle.Form_Load();
-    EXPECT_EQ(second.window.caption, "Tarvelint 1");
+    EXPECT_EQ(second.window.caption(), "Tarvelint 1");
 }
 
 TEST(WindowCreation, disablesWhatNeedsARecordAndNothingElse)
@@ -216,7 +216,16 @@ TEST(WindowClose, asksAboutUnsavedDataThenUnloadsDialogsThenWritesSettingsInOrde
 {
     OpenWindow shell;
     shell.fakeUi.answers = {Answer::no};
+    shell.fakeUi.onMessage = [&] {
+        EXPECT_THAT(shell.fakeUi.log, IsEmpty()) << "the question comes before the dialogs go";
+        EXPECT_THAT(shell.settings.log, IsEmpty());
+    };
+    shell.application.onUnloadOptions = [&] {
+        EXPECT_EQ(shell.fakeUi.log.size(), 2U) << "the window's own dialogs go first";
+        EXPECT_THAT(shell.settings.log, IsEmpty()) << "the settings come last";
+    };
     EXPECT_FALSE(shell.close());
+    EXPECT_THAT(shell.application.log, ElementsAre("unload options"));
     ASSERT_EQ(shell.fakeUi.messages.size(), 1U);
     EXPECT_EQ(shell.fakeUi.messages[0].text, "Do you want to save the current file?");
     EXPECT_EQ(shell.fakeUi.messages[0].title, "Close window:");
@@ -229,8 +238,8 @@ TEST(WindowClose, cancelKeepsTheWindowYetItsDialogsAreGoneAndTheSettingsWritten)
     OpenWindow shell;
     shell.fakeUi.answers = {Answer::cancel};
     EXPECT_TRUE(shell.close());
-    EXPECT_FALSE(shell.window.haveLabelForm());
-    EXPECT_FALSE(shell.window.haveTypeForm());
+    EXPECT_FALSE(shell.window.forms.haveLabelForm());
+    EXPECT_FALSE(shell.window.forms.haveTypeForm());
     EXPECT_THAT(shell.fakeUi.log, ElementsAre("unload column setup", "unload save contents"));
     EXPECT_EQ(shell.settings.log, closingWrites());
     EXPECT_FALSE(shell.window.data.saveCheck);
@@ -262,35 +271,45 @@ TEST(WindowClose, writesWhatTheWindowHoldsNow)
     shell.window.data.saveCheck = true;
     shell.window.setText(Control::refBox, "2.5");
     shell.window.setChecked(Control::highBox, false);
-    shell.window.data.dateCol = 7;
-    shell.window.data.timeCol = 8;
-    shell.window.zoomFactor = 8;
+    shell.window.view.dateCol = 7;
+    shell.window.view.timeCol = 8;
+    shell.window.view.zoomFactor = 8;
     shell.fakeUi.minimised = true;
     shell.close();
     EXPECT_THAT(shell.settings.log,
                 ElementsAre("write Ref=2.5", "write High=0", "write Date=7", "write Time=8", "write ZoomFactor=8"));
 }
 
+TEST(WindowClose, aMinimisedWindowThatAsksStillLeavesTheStoredGeometryAlone)
+{
+    OpenWindow shell;
+    shell.fakeUi.minimised = true;
+    shell.fakeUi.onMessage = [&] { shell.fakeUi.minimised = false; }; // nobody sees a question over a minimised window
+    shell.fakeUi.answers = {Answer::no};
+    EXPECT_FALSE(shell.close());
+    EXPECT_EQ(shell.settings.log, closingWrites(false));
+}
+
 TEST(WindowClose, unloadsADialogWhileItsStateIsStillThere)
 {
     class WatchingUi : public FakeUi {
     public:
-        Window* window = nullptr;
+        Engine* window = nullptr;
         bool stateWasThere = true;
-        void unloadColumnSetup() override { stateWasThere = stateWasThere && window->haveLabelForm(); }
-        void unloadSaveContents() override { stateWasThere = stateWasThere && window->haveTypeForm(); }
+        void unloadColumnSetup() override { stateWasThere = stateWasThere && window->forms.haveLabelForm(); }
+        void unloadSaveContents() override { stateWasThere = stateWasThere && window->forms.haveTypeForm(); }
     };
     WatchingUi ui;
     Ground ground;
     FakeApplication application;
-    MainWindow window(ui, Environment{ground.settings, ground.style, ground.files, ground.clock}, application);
+    Engine window(ui, ui, Environment{ground.settings, ground.style, ground.files, ground.clock}, application);
     ui.window = &window;
-    window.labelFrm = std::make_unique<ColumnSetup>(window);
-    window.typeFrm = std::make_unique<SaveContents>();
+    window.forms.labelFrm = std::make_unique<ColumnSetup>(window);
+    window.forms.typeFrm = std::make_unique<SaveContents>();
     bool cancel = false;
     window.lifecycle.Form_QueryUnload(cancel);
     EXPECT_TRUE(ui.stateWasThere);
-    EXPECT_FALSE(window.haveLabelForm() || window.haveTypeForm());
+    EXPECT_FALSE(window.forms.haveLabelForm() || window.forms.haveTypeForm());
 }
 
 // File > Close
@@ -313,7 +332,7 @@ TEST(FileClose, cancelLeavesTheWindowItsDialogsAndTheStoreAlone)
     shell.fakeUi.answers = {Answer::cancel};
     shell.command([&] { shell.window.lifecycle.mnuFileClose_Click(); });
     EXPECT_FALSE(shell.fakeUi.unloaded);
-    EXPECT_TRUE(shell.window.haveLabelForm());
+    EXPECT_TRUE(shell.window.forms.haveLabelForm());
     EXPECT_THAT(shell.settings.log, IsEmpty());
 }
 

@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/shell_window.h"
+#include "window/plot_scale.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -48,8 +49,8 @@ TEST(OpenRecord, isNamedByItsPathInTheCaption)
 {
     Shell shell;
     shell.openText(kSavedRecord);
-    EXPECT_EQ(shell.window.caption, "Tarvelint: /data/run.csv");
-    EXPECT_EQ(shell.window.data.filePath, "/data/run.csv");
+    EXPECT_EQ(shell.window.caption(), "Tarvelint: /data/run.csv");
+    EXPECT_EQ(shell.window.file.filePath, "/data/run.csv");
 }
 
 TEST(OpenRecord, openInAnotherWindowIsNumbered)
@@ -57,7 +58,7 @@ TEST(OpenRecord, openInAnotherWindowIsNumbered)
     Shell shell;
     shell.application.captions = {"Tarvelint: /data/run.csv", "Tarvelint 1"};
     shell.openText(kSavedRecord);
-    EXPECT_EQ(shell.window.caption, "Tarvelint 2");
+    EXPECT_EQ(shell.window.caption(), "Tarvelint 2");
 }
 
 TEST(OpenRecord, enablesTheDataCommands)
@@ -83,7 +84,7 @@ TEST(OpenRecord, zoomEntriesFollowTheZoom)
     for (const auto& [zoom, in, out] :
          {std::tuple(1, true, false), {2, true, true}, {4, true, true}, {8, false, true}}) {
         Shell shell;
-        shell.window.zoomFactor = static_cast<std::int16_t>(zoom);
+        shell.window.view.zoomFactor = static_cast<std::int16_t>(zoom);
         shell.openText(kSavedRecord);
         EXPECT_EQ(shell.window.isEnabled(Control::mnuViewZoomIn), in) << zoom;
         EXPECT_EQ(shell.window.isEnabled(Control::mnuViewZoomOut), out) << zoom;
@@ -95,12 +96,12 @@ TEST(OpenRecord, showsTheModeItFound)
     Shell shell;
     shell.openText(kSavedRecord);
     EXPECT_EQ(shell.status(), "Mode: select data");
-    EXPECT_EQ(shell.window.pointer, Pointer::cross);
-    shell.window.lineMode = true;
+    EXPECT_EQ(shell.window.pointer(), Pointer::cross);
+    shell.window.view.lineMode = true;
     shell.openText(kSavedRecord);
-    EXPECT_TRUE(shell.window.lineMode);
+    EXPECT_TRUE(shell.window.view.lineMode);
     EXPECT_EQ(shell.status(), "Mode: one-click baseline");
-    EXPECT_EQ(shell.window.pointer, Pointer::northSouth);
+    EXPECT_EQ(shell.window.pointer(), Pointer::northSouth);
 }
 
 TEST(OpenRecord, saysWhichLayerIsOnView)
@@ -108,7 +109,7 @@ TEST(OpenRecord, saysWhichLayerIsOnView)
     Shell shell;
     shell.openText(kSavedRecord);
     EXPECT_EQ(shell.status2(), "Viewing intput data");
-    shell.window.curLayer = kConverted;
+    shell.window.view.curLayer = kConverted;
     shell.openText(kSavedRecord);
     EXPECT_EQ(shell.status2(), "Viewing output data");
 }
@@ -117,13 +118,13 @@ TEST(OpenRecord, showsItsFirstColumnAndNothingInTheCompanionArea)
 {
     Shell shell;
     shell.openText(rowsOf(5));
-    shell.window.chooseColumn(0, 1);
-    shell.window.chooseColumn(1, 0);
+    shell.window.lists.choose(0, 1);
+    shell.window.lists.choose(1, 0);
     for (RecordingSurface& surface : shell.fakeUi.surfaces) surface.ops.clear();
     shell.openText(rowsOf(5));
-    EXPECT_EQ(shell.window.varList[0].chosen, 0);
-    EXPECT_EQ(shell.window.curCol, 0);
-    EXPECT_EQ(shell.window.varList[1].chosen, -1);
+    EXPECT_EQ(shell.window.view.chosenColumn[0], 0);
+    EXPECT_EQ(shell.window.view.curCol(), 0);
+    EXPECT_EQ(shell.window.view.chosenColumn[1], -1);
     ASSERT_FALSE(shell.fakeUi.surfaces[1].ops.empty());
     EXPECT_EQ(shell.fakeUi.surfaces[1].ops.back().what, "erase");
     EXPECT_FALSE(shell.fakeUi.surfaces[0].only("lineTo").empty());
@@ -133,23 +134,22 @@ TEST(OpenRecord, drawsNothingOfItselfInTheColumnsOfTheOldOne)
 {
     Shell shell;
     shell.openText(rowsOf(500));
-    shell.window.chooseColumn(1, 0);
+    shell.window.lists.choose(1, 0);
     shell.window.setScrollValue(200); // goes back to 0 with the new record
     shell.fakeUi.surfaces[1].ops.clear();
     shell.openText(rowsOf(300));
     EXPECT_THAT(shell.fakeUi.surfaces[1].only("lineTo"), IsEmpty());
-    EXPECT_EQ(shell.window.HScroll1.Value, 0);
+    EXPECT_EQ(shell.window.view.HScroll1.Value, 0);
 }
 
 TEST(OpenRecord, fillsTheColumnListsBeforeTheSetupDialogOpens)
 {
     Shell shell;
     shell.openText(kLoggerRecord);
-    EXPECT_THAT(shell.window.varList[0].entries, ElementsAre("Day", "Time", "S1"));
-    EXPECT_THAT(shell.window.varList[1].entries, ElementsAre("Day", "Time", "S1"));
-    ASSERT_TRUE(shell.window.haveLabelForm());
-    EXPECT_EQ(shell.window.labelFrm->rows(), 3);
-    EXPECT_EQ(shell.window.labelFrm->labelBox(3), "S1");
+    EXPECT_THAT(shell.window.view.columnEntries, ElementsAre("Day", "Time", "S1"));
+    ASSERT_TRUE(shell.window.forms.haveLabelForm());
+    EXPECT_EQ(shell.window.forms.labelFrm->rows(), 3);
+    EXPECT_EQ(shell.window.forms.labelFrm->labelBox(3), "S1");
     EXPECT_EQ(shell.window.text(Control::colLabel), "3");
     EXPECT_EQ(shell.window.text(Control::rowLabel), "3");
 }
@@ -159,8 +159,8 @@ TEST(OpenRecord, listsNumbersWhileLabelsAreOff)
     Shell shell;
     shell.window.setChecked(Control::labelBox, false);
     shell.openText(kLoggerRecord);
-    EXPECT_THAT(shell.window.varList[0].entries, ElementsAre("1", "2", "3"));
-    EXPECT_EQ(shell.window.labelFrm->labelBox(3), "S1"); // the dialog shows labels all the same
+    EXPECT_THAT(shell.window.view.columnEntries, ElementsAre("1", "2", "3"));
+    EXPECT_EQ(shell.window.forms.labelFrm->labelBox(3), "S1"); // the dialog shows labels all the same
 }
 
 TEST(OpenRecord, withoutHeaderOpensTheSetupDialogAndTheRestOfTheLoadRunsAtOnce)
@@ -170,7 +170,7 @@ TEST(OpenRecord, withoutHeaderOpensTheSetupDialogAndTheRestOfTheLoadRunsAtOnce)
     EXPECT_TRUE(shell.fakeUi.columnSetupShown);
     EXPECT_TRUE(shell.fakeUi.columnSetupBlocks);
     EXPECT_TRUE(shell.window.isEnabled(Control::mnuFileSave));
-    EXPECT_EQ(shell.window.curCol, 0);
+    EXPECT_EQ(shell.window.view.curCol(), 0);
     EXPECT_EQ(shell.status(), "Mode: select data");
 }
 
@@ -179,7 +179,7 @@ TEST(OpenRecord, withHeaderOpensNoDialog)
     Shell shell;
     shell.openText(kSavedRecord);
     EXPECT_FALSE(shell.fakeUi.columnSetupShown);
-    EXPECT_FALSE(shell.window.haveLabelForm());
+    EXPECT_FALSE(shell.window.forms.haveLabelForm());
     EXPECT_THAT(shell.fakeUi.log, IsEmpty());
 }
 
@@ -187,30 +187,30 @@ TEST(OpenRecord, unloadsTheSetupDialogOfTheRecordBefore)
 {
     Shell shell;
     shell.openText(kLoggerRecord);
-    shell.window.labelFrm->setCheckBox(1, true);
-    shell.window.labelFrm->OKButton_Click();
+    shell.window.forms.labelFrm->setCheckBox(1, true);
+    shell.window.forms.labelFrm->OKButton_Click();
     shell.window.data.saveCheck = true;
     shell.openText(kLoggerRecord);
     EXPECT_THAT(shell.fakeUi.log, ElementsAre("show column setup", "unload column setup", "show column setup"));
-    EXPECT_FALSE(shell.window.isParameterColumn(0));
+    EXPECT_FALSE(shell.window.data.isParameter(0));
     shell.openText(kSavedRecord);
     EXPECT_EQ(shell.fakeUi.log.back(), "unload column setup");
-    EXPECT_FALSE(shell.window.haveLabelForm());
+    EXPECT_FALSE(shell.window.forms.haveLabelForm());
 }
 
 TEST(OpenRecord, resetsWhatBelongedToTheRecordBefore)
 {
     Shell shell;
     shell.openText(rowsOf(500));
-    MainWindow& w = shell.window;
-    w.Turbo = w.chainActive = true;
-    w.sensors = 2;
-    w.basePoints.allocate(2, 500);
-    w.sensorCols = {1, 2};
-    w.curSensor = w.markRow = w.dragRow = w.grabbedPoint = 1;
-    w.hoverRow = w.selStart = w.lastClick = 3;
-    w.selEnd = 9;
-    w.savePath = "/data/earlier.csv";
+    Engine& w = shell.window;
+    w.view.Turbo = w.view.chainActive = true;
+    w.sensors.assign({0, 1}, 500);
+    w.setNoZeroFlow(true);
+    w.data.parameters = {true};
+    w.view.curSensor = w.view.markRow = w.view.dragRow = w.view.grabbedPoint = 1;
+    w.view.hoverRow = w.view.selStart = w.view.lastClick = 3;
+    w.view.selEnd = 9;
+    w.file.savePath = "/data/earlier.csv";
     w.undoSave(0);
     w.setScrollValue(100);
     w.setEnabled(Control::mnuToolsMode, false);
@@ -218,14 +218,16 @@ TEST(OpenRecord, resetsWhatBelongedToTheRecordBefore)
     w.data.lullFlags[2] = true;
 
     shell.openText(rowsOf(400));
-    EXPECT_FALSE(w.Turbo || w.chainActive);
-    EXPECT_EQ(w.sensors, 0);
-    EXPECT_EQ(w.basePoints.sensors(), 0);
-    EXPECT_THAT(w.sensorCols, IsEmpty());
-    for (const std::int32_t none : {w.curSensor, w.markRow, w.dragRow, w.grabbedPoint}) EXPECT_EQ(none, -1);
-    for (const std::int32_t row0 : {w.hoverRow, w.selStart, w.selEnd, w.lastClick}) EXPECT_EQ(row0, 0);
-    EXPECT_EQ(w.HScroll1.Value, 0);
-    EXPECT_EQ(w.savePath, "");
+    EXPECT_FALSE(w.view.Turbo || w.view.chainActive);
+    EXPECT_EQ(w.sensors.count(), 0);
+    EXPECT_FALSE(w.data.isParameter(0));
+    EXPECT_EQ(shell.status2(), "Viewing intput data");
+    for (const std::int32_t none : {w.view.curSensor, w.view.markRow, w.view.dragRow, w.view.grabbedPoint})
+        EXPECT_EQ(none, -1);
+    for (const std::int32_t row0 : {w.view.hoverRow, w.view.selStart, w.view.selEnd, w.view.lastClick})
+        EXPECT_EQ(row0, 0);
+    EXPECT_EQ(w.view.HScroll1.Value, 0);
+    EXPECT_EQ(w.file.savePath, "");
     EXPECT_EQ(w.text(Control::mnuEditUndo), "Can't Undo");
     EXPECT_TRUE(w.isEnabled(Control::mnuToolsMode));
     EXPECT_TRUE(w.isEnabled(Control::convButton));
@@ -235,13 +237,13 @@ TEST(OpenRecord, resetsWhatBelongedToTheRecordBefore)
 TEST(OpenRecord, keepsWhatTheWindowIsSetTo)
 {
     Shell shell;
-    shell.window.data.dateCol = 3;
-    shell.window.data.vpdLimit = 0.5F;
+    shell.window.view.dateCol = 3;
+    shell.window.conversionSettings.zeroFlow.vpdLimit = 0.5F;
     shell.window.data.zeroOut = true;
     shell.window.data.blank = -7;
     shell.openText(kLoggerRecord);
-    EXPECT_EQ(shell.window.data.dateCol, 3);
-    EXPECT_EQ(shell.window.data.vpdLimit, 0.5F);
+    EXPECT_EQ(shell.window.view.dateCol, 3);
+    EXPECT_EQ(shell.window.conversionSettings.zeroFlow.vpdLimit, 0.5F);
     EXPECT_EQ(shell.window.data.values(kConverted, 2, 1), 0); // filled with 0, as "Zero" says
     EXPECT_EQ(shell.window.data.values(kBaseline, 2, 1), -7);
     EXPECT_TRUE(shell.window.data.saveCheck);
@@ -250,17 +252,17 @@ TEST(OpenRecord, keepsWhatTheWindowIsSetTo)
 TEST(OpenRecord, keepsTimeColumnAndLullParameters)
 {
     Shell shell;
-    shell.window.data.timeCol = 4;
-    shell.window.data.vpdCol = 5;
-    shell.window.data.parCol = 6;
-    shell.window.data.parLimit = 0.25F;
-    shell.window.data.lullTime = 7;
+    shell.window.view.timeCol = 4;
+    shell.window.conversionSettings.zeroFlow.vpdCol = 5;
+    shell.window.conversionSettings.zeroFlow.parCol = 6;
+    shell.window.conversionSettings.zeroFlow.parLimit = 0.25F;
+    shell.window.conversionSettings.zeroFlow.lullTime = 7;
     shell.openText(kLoggerRecord);
-    EXPECT_EQ(shell.window.data.timeCol, 4);
-    EXPECT_EQ(shell.window.data.vpdCol, 5);
-    EXPECT_EQ(shell.window.data.parCol, 6);
-    EXPECT_EQ(shell.window.data.parLimit, 0.25F);
-    EXPECT_EQ(shell.window.data.lullTime, 7);
+    EXPECT_EQ(shell.window.view.timeCol, 4);
+    EXPECT_EQ(shell.window.conversionSettings.zeroFlow.vpdCol, 5);
+    EXPECT_EQ(shell.window.conversionSettings.zeroFlow.parCol, 6);
+    EXPECT_EQ(shell.window.conversionSettings.zeroFlow.parLimit, 0.25F);
+    EXPECT_EQ(shell.window.conversionSettings.zeroFlow.lullTime, 7);
 }
 
 TEST(OpenRecord, dotsBecomeTheStoredBlank)
@@ -277,11 +279,11 @@ TEST(OpenLongRecord, isReadAndEveryRowCanBeReached)
     Shell shell; // 100 plot units of one row each: Max = 40000 - 100 - 1, beyond 16 bits
     shell.openText(rowsOf(40000));
     EXPECT_THAT(shell.fakeUi.messages, IsEmpty());
-    EXPECT_TRUE(shell.window.longRecord);
+    EXPECT_TRUE(shell.window.view.longRecord);
     EXPECT_EQ(shell.status2(), "Viewing intput data, long record");
-    EXPECT_EQ(shell.window.HScroll1.Max, 39899);
-    shell.window.setScrollValue(shell.window.HScroll1.Max);
-    EXPECT_EQ(lastVisibleRow(100, 1, shell.window.HScroll1.Value, 40000), 39999);
+    EXPECT_EQ(shell.window.view.HScroll1.Max, 39899);
+    shell.window.setScrollValue(shell.window.view.HScroll1.Max);
+    EXPECT_EQ(lastVisibleRow(100, 1, shell.window.view.HScroll1.Value, 40000), 39999);
     EXPECT_EQ(shell.window.data.values(kUnconverted, 0, 39999), 39999);
 }
 
@@ -290,9 +292,9 @@ TEST(OpenLongRecord, aShortOneAfterwardsLeavesTheMode)
     Shell shell;
     shell.openText(rowsOf(40000));
     shell.openText(rowsOf(200));
-    EXPECT_FALSE(shell.window.longRecord);
+    EXPECT_FALSE(shell.window.view.longRecord);
     EXPECT_EQ(shell.status2(), "Viewing intput data");
-    EXPECT_EQ(shell.window.HScroll1.Max, 99); // 200 - 100 - 1
+    EXPECT_EQ(shell.window.view.HScroll1.Max, 99); // 200 - 100 - 1
 }
 
 } // namespace

@@ -85,19 +85,19 @@ TEST(SaveDialog, theFirstSaveAsksTheSecondDoesNotAndSaveAsAlwaysDoes)
     EXPECT_EQ(shell.fakeUi.fileDialogs.size(), 1U);
     shell.command([&] { shell.window.files.mnuFileSaveAs_Click(); });
     EXPECT_EQ(shell.fakeUi.fileDialogs.size(), 2U);
-    EXPECT_EQ(shell.window.savePath, "/data/b.csv");
+    EXPECT_EQ(shell.window.file.savePath, "/data/b.csv");
 }
 
 TEST(SaveDialog, theContentsAreAskedAtEverySaveAndKeepTheirBoxes)
 {
     Unsaved shell;
     shell.saveAs("/data/a.csv");
-    shell.window.typeFrm->baseCheck = false;
+    shell.window.forms.typeFrm->baseCheck = false;
     int asked = 0;
     shell.fakeUi.onSaveContents = [&] {
         ++asked;
-        EXPECT_FALSE(shell.window.typeFrm->baseCheck);
-        EXPECT_EQ(shell.window.typeFrm->result, "Cancel"); // also closing it by its frame cancels
+        EXPECT_FALSE(shell.window.forms.typeFrm->baseCheck);
+        EXPECT_FALSE(shell.window.forms.typeFrm->confirmed); // also closing it by its frame cancels
     };
     shell.command([&] { shell.window.files.mnuFileSave_Click(); });
     EXPECT_EQ(asked, 1);
@@ -108,14 +108,14 @@ TEST(SaveDialog, cancelAtEachPlaceChangesNothing)
     for (const bool inContents : {true, false}) {
         Unsaved shell;
         shell.fakeUi.onSaveContents = [&] {
-            if (!inContents) shell.window.typeFrm->OKButton_Click();
+            if (!inContents) shell.window.forms.typeFrm->OKButton_Click();
         };
         if (!inContents) shell.fakeUi.saveChoices = {std::nullopt};
         shell.command([&] { shell.window.files.mnuFileSave_Click(); });
         EXPECT_FALSE(shell.window.data.saveCheck);
-        EXPECT_EQ(shell.window.savePath, "");
-        EXPECT_EQ(shell.window.data.fileDelimiter, ",");
-        EXPECT_EQ(shell.window.caption, "Tarvelint: /data/run.csv");
+        EXPECT_EQ(shell.window.file.savePath, "");
+        EXPECT_EQ(shell.window.file.fileDelimiter, FileType::comma);
+        EXPECT_EQ(shell.window.caption(), "Tarvelint: /data/run.csv");
         EXPECT_EQ(shell.files.contents.size(), 1U);
         EXPECT_THAT(shell.fakeUi.messages, IsEmpty());
     }
@@ -126,7 +126,7 @@ TEST(SaveDialog, anEmptyNameStops)
     Unsaved shell;
     shell.saveAs("");
     EXPECT_FALSE(shell.window.data.saveCheck);
-    EXPECT_EQ(shell.window.savePath, "");
+    EXPECT_EQ(shell.window.file.savePath, "");
 }
 
 // Replacing another file than the one the dialog asked about
@@ -143,7 +143,7 @@ TEST(SaveReplacing, asksWhenTheCutNameIsAnotherExistingFile)
     EXPECT_EQ(shell.fakeUi.messages[0].title, "Save:");
     EXPECT_EQ(shell.fakeUi.fileDialogs.size(), 2U); // No leads back to the dialog
     EXPECT_EQ(shell.files.contents["/data/old.csv"], "precious");
-    EXPECT_EQ(shell.window.savePath, "");
+    EXPECT_EQ(shell.window.file.savePath, "");
 }
 
 TEST(SaveReplacing, yesReplacesIt)
@@ -178,8 +178,8 @@ TEST(SaveFile, writesHeaderAndLayersInOrderAndMarksTheRecordSaved)
               "Day,Time,S1,\r\n180,0,10,\r\n180,30,10,\r\n\r\n"
               "Day,Time,S1,\r\n180,0,7.5,\r\n180,30,.,\r\n");
     EXPECT_TRUE(shell.window.data.saveCheck);
-    EXPECT_EQ(shell.window.savePath, "/data/out.csv");
-    EXPECT_EQ(shell.window.caption, "Tarvelint: /data/out.csv");
+    EXPECT_EQ(shell.window.file.savePath, "/data/out.csv");
+    EXPECT_EQ(shell.window.caption(), "Tarvelint: /data/out.csv");
     EXPECT_TRUE(shell.window.isEnabled(Control::mnuFileSave));
 }
 
@@ -187,20 +187,21 @@ TEST(SaveFile, writesTheChosenLayersWithTheTypesDelimiter)
 {
     Unsaved shell;
     shell.saveAs("/data/out.csv");
-    shell.window.typeFrm->inCheck = shell.window.typeFrm->outCheck = shell.window.typeFrm->blankCheck = false;
+    shell.window.forms.typeFrm->inCheck = shell.window.forms.typeFrm->outCheck =
+        shell.window.forms.typeFrm->blankCheck = false;
     shell.saveAs("/data/out.csv", FileType::tab);
     EXPECT_EQ(
         shell.files.contents["/data/out.txt"],
         "Tarvelint output: Friday, 20 November 2026\tbaseline\t3 columns\t2 rows each\twith labels\tblank=99,999\r\n"
         "Day\tTime\tS1\t\r\n180\t0\t10\t\r\n180\t30\t10\t\r\n\r\n");
-    EXPECT_EQ(shell.window.data.fileDelimiter, "\t");
+    EXPECT_EQ(shell.window.file.fileDelimiter, FileType::tab);
 }
 
 TEST(SaveFile, withoutAnyLayerWritesTheHeaderOnly)
 {
     Unsaved shell;
     shell.saveAs("/data/out.csv");
-    *shell.window.typeFrm = {.inCheck = false, .baseCheck = false, .outCheck = false};
+    *shell.window.forms.typeFrm = {.inCheck = false, .baseCheck = false, .outCheck = false};
     shell.save();
     EXPECT_EQ(shell.files.contents["/data/out.csv"],
               "Tarvelint output: Friday, 20 November 2026,converted,3 columns,2 rows each,with labels,blank='.'\r\n");
@@ -211,8 +212,8 @@ TEST(SaveFile, labelsFollowTheColumnSetupOnceItsOkWasGiven)
     for (const bool save : {true, false}) {
         Shell shell;
         shell.openText(kLoggerRecord);
-        shell.window.labelFrm->boxes.saveBox = save;
-        shell.window.labelFrm->OKButton_Click();
+        shell.window.forms.labelFrm->boxes.saveBox = save;
+        shell.window.forms.labelFrm->OKButton_Click();
         shell.saveAs("/data/out.csv");
         EXPECT_THAT(shell.files.contents["/data/out.csv"], HasSubstr(save ? ",with labels," : ",without labels,"));
         EXPECT_EQ(shell.files.contents["/data/out.csv"].find("Day,") != std::string::npos, save);
@@ -226,13 +227,13 @@ TEST(SaveFile, showsThatItIsWritingAndRestoresPointerStatusAndCounter)
     std::vector<std::string> seen;
     shell.fakeUi.onPendingEvents = [&] {
         seen.push_back(shell.status());
-        EXPECT_EQ(shell.window.pointer, Pointer::hourglass);
+        EXPECT_EQ(shell.window.pointer(), Pointer::hourglass);
     };
     shell.saveAs("/data/out.csv");
     EXPECT_THAT(seen, testing::Each("Status: writing file"));
     EXPECT_EQ(seen.size(), 6U); // two rows of three layers, each a pause after the last
     EXPECT_EQ(shell.status(), "Mode: select data");
-    EXPECT_EQ(shell.window.pointer, Pointer::cross);
+    EXPECT_EQ(shell.window.pointer(), Pointer::cross);
     EXPECT_EQ(shell.window.text(Control::rowLabel), "2");
 }
 
@@ -248,9 +249,9 @@ Message failingSave(const std::function<void(Shell&)>& breakIt)
     shell.saveAs("/data/out.csv");
     EXPECT_FALSE(shell.window.data.saveCheck);
     EXPECT_EQ(shell.files.contents["/data/out.csv"], "the old file");
-    EXPECT_EQ(shell.window.caption, "Tarvelint: /data/run.csv");
+    EXPECT_EQ(shell.window.caption(), "Tarvelint: /data/run.csv");
     EXPECT_EQ(shell.status(), "Mode: select data");
-    EXPECT_EQ(shell.window.pointer, Pointer::cross);
+    EXPECT_EQ(shell.window.pointer(), Pointer::cross);
     EXPECT_EQ(shell.window.text(Control::rowLabel), "2");
     EXPECT_LE(shell.fakeUi.messages.size(), 1U);
     return shell.fakeUi.messages.empty() ? Message{} : shell.fakeUi.messages.front();
@@ -282,17 +283,44 @@ TEST(SaveFailure, ofADiskThatFillsUpLeavesTheOldFileWhole)
     EXPECT_EQ(box.title, "Cannot save:");
 }
 
-TEST(SaveFailure, keepsTheNameAndDelimiterThatWereChosen)
+TEST(SaveFailure, leavesWhereTheNextSaveGoesAsItWas)
 {
     Unsaved shell;
     shell.files.diskRoom = 40;
     shell.saveAs("/data/out.txt", FileType::tab);
     ASSERT_EQ(shell.fakeUi.messages.size(), 1U);
-    EXPECT_EQ(shell.window.savePath, "/data/out.txt");
-    EXPECT_EQ(shell.window.data.fileDelimiter, "\t");
+    EXPECT_EQ(shell.window.file.savePath, "");
+    EXPECT_EQ(shell.window.file.fileDelimiter, FileType::comma);
     shell.files.diskRoom = 4000;
+    shell.saveAs("/data/first.csv");
+    shell.files.diskRoom = 40;
+    shell.saveAs("/data/second.txt", FileType::tab);
+    shell.files.diskRoom = 4000;
+    shell.files.contents["/data/first.csv"] = "";
     shell.save(); // asks for no name
-    EXPECT_THAT(shell.files.contents["/data/out.txt"], HasSubstr("180\t30\t.\t\r\n"));
+    EXPECT_THAT(shell.files.contents["/data/first.csv"], HasSubstr("180,30,.,\r\n"));
+    EXPECT_FALSE(shell.files.contents.contains("/data/second.txt"));
+}
+
+TEST(SaveDialog, preselectsTheTypeLastOpenedOrSavedInThisRun)
+{
+    Unsaved shell;
+    shell.saveAs("/data/a.txt", FileType::tab);
+    shell.saveAs("/data/b.csv", FileType::comma);
+    ASSERT_EQ(shell.fakeUi.fileDialogs.size(), 2U);
+    EXPECT_EQ(shell.fakeUi.fileDialogs[0].selected, FileType::comma) << "of the record opened";
+    EXPECT_EQ(shell.fakeUi.fileDialogs[1].selected, FileType::tab);
+    shell.application.lastFileType = FileType::space; // another window was saved meanwhile
+    shell.saveAs("/data/c.csv", FileType::comma);
+    EXPECT_EQ(shell.fakeUi.fileDialogs[2].selected, FileType::space);
+}
+
+TEST(SaveDialog, aFailedSaveIsNoLastType)
+{
+    Unsaved shell;
+    shell.files.diskRoom = 40;
+    shell.saveAs("/data/out.txt", FileType::tab);
+    EXPECT_EQ(shell.application.lastFileType, FileType::comma);
 }
 
 TEST(SaveFailure, aWindowThatClosesMeanwhileLeavesTheOldFileWholeWithoutAWord)
@@ -307,7 +335,7 @@ TEST(SaveFailure, aWindowThatClosesMeanwhileLeavesTheOldFileWholeWithoutAWord)
 // There and back
 
 /// Random readings with gaps, as a logger's three decimals give them.
-DataSet randomRecord(unsigned seed, const std::string& delimiter)
+DataSet randomRecord(unsigned seed)
 {
     std::mt19937 random(seed);
     DataSet data;
@@ -319,7 +347,6 @@ DataSet randomRecord(unsigned seed, const std::string& delimiter)
             for (std::int32_t c = 0; c < columns; ++c)
                 data.values(layer, c, r) =
                     random() % 5 == 0 ? data.blank : (static_cast<double>(random()) - 2147483648.0) / 1000;
-    data.fileDelimiter = delimiter;
     return data;
 }
 
@@ -341,11 +368,11 @@ TEST(SaveAndReopen, givesTheSameDataSetInEveryDelimiterWithAndWithoutLabels)
             for (int repeat = 0; repeat < 10; ++repeat) {
                 SCOPED_TRACE("seed " + std::to_string(++seed));
                 Shell shell;
-                const DataSet saved = randomRecord(seed, {delimiterOf(type)});
-                shell.window.data = randomRecord(seed, {delimiterOf(type)});
-                shell.window.readWithLabels = labels;
+                const DataSet saved = randomRecord(seed);
+                static_cast<DataSet&>(shell.window.data) = randomRecord(seed);
+                shell.window.data.savesLabels = labels;
                 shell.saveAs("/data/trip", type);
-                shell.open(shell.window.savePath, type);
+                shell.open(shell.window.file.savePath, type);
                 EXPECT_THAT(shell.fakeUi.messages, IsEmpty());
                 expectSameCells(saved, shell.window.data);
                 for (std::size_t c = 0; c < saved.labels.size(); ++c)

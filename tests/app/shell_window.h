@@ -2,7 +2,7 @@
 #pragma once
 
 #include "app/application.h"
-#include "app/main_window.h"
+#include "app/engine.h"
 #include "support/test_window.h"
 
 #include <algorithm>
@@ -20,13 +20,18 @@ public:
     int exits = 0;
     std::vector<std::string> log; ///< what was asked about the options dialog
     std::function<void()> onNewWindow;
+    std::function<void()> onUnloadOptions;
 
     [[nodiscard]] std::vector<std::string> otherCaptions(const Window&) const override { return captions; }
     void showOptions(Window&, bool selectEquation) override
     {
         log.emplace_back(selectEquation ? "show options, equation selected" : "show options");
     }
-    void unloadOptions() override { log.emplace_back("unload options"); }
+    void unloadOptions() override
+    {
+        log.emplace_back("unload options");
+        if (onUnloadOptions) onUnloadOptions();
+    }
     void newWindow() override
     {
         if (!onNewWindow) throw std::logic_error("unexpected new window");
@@ -39,7 +44,7 @@ public:
 class Shell : public Ground {
 public:
     FakeApplication application;
-    MainWindow window{fakeUi, Environment{settings, style, files, clock}, application};
+    Engine window{fakeUi, fakeUi, Environment{settings, style, files, clock}, application};
 
     Shell() { window.lifecycle.Form_Load(); }
     virtual ~Shell() = default;
@@ -60,7 +65,7 @@ public:
     /// The user leaves the save-contents dialog by OK from now on.
     void acceptContents()
     {
-        fakeUi.onSaveContents = [this] { window.typeFrm->OKButton_Click(); };
+        fakeUi.onSaveContents = [this] { window.forms.typeFrm->OKButton_Click(); };
     }
     /// File > Save As under `path`, everything chosen.
     void saveAs(const std::string& path, FileType type = FileType::comma)

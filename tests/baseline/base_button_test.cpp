@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "baseline/zero_flow.h"
+#include "baseline/block_maxima.h"
 
 #include "support/test_window.h"
 
@@ -24,11 +24,11 @@ public:
         setReadings({readings});
         for (std::int32_t r = 0; r < data.lines; ++r)
             data.values(kBaseline, 0, r) = data.values(kConverted, 0, r) = untouched;
-        curCol = 0;
+        choose(0);
     }
     [[nodiscard]] Column baseline()
     {
-        ZeroFlow(*this).baseButton_Click();
+        BlockMaxima(*this).baseButton_Click();
         return column(kBaseline, 0);
     }
 };
@@ -146,8 +146,8 @@ TEST(BaseButton, onlyTheBaselineOfTheColumnOnViewChanges)
 {
     TestWindow window;
     window.setReadings({{1, 2, 3}, {4, 5, 6}});
-    window.curCol = 1;
-    ZeroFlow(window).baseButton_Click();
+    window.choose(1);
+    BlockMaxima(window).baseButton_Click();
     EXPECT_EQ(window.column(kBaseline, 1), (Column{4, 5, 6}));
     EXPECT_EQ(window.column(kUnconverted, 1), (Column{4, 5, 6}));
     EXPECT_EQ(window.column(kConverted, 1), Column(3, 0));
@@ -165,16 +165,16 @@ public:
     {
         TestWindow::undoSave(column0);
         baselineAtUndo = column(kBaseline, 0);
-        selStartAtUndo = selStart;
-        selEndAtUndo = selEnd;
+        selStartAtUndo = view.selStart;
+        selEndAtUndo = view.selEnd;
     }
 };
 
 TEST(BaseButton, theWholeColumnIsSelectedAndCopiedForUndoFirst)
 {
     UndoSeen window({1, 2, 3});
-    window.selStart = window.selEnd = 1;
-    ZeroFlow(window).baseButton_Click();
+    window.view.selStart = window.view.selEnd = 1;
+    BlockMaxima(window).baseButton_Click();
     EXPECT_EQ(window.baselineAtUndo, Column(3, untouched));
     EXPECT_EQ(window.selStartAtUndo, 0);
     EXPECT_EQ(window.selEndAtUndo, 2);
@@ -194,7 +194,7 @@ TEST(BaseButton, nothingHappensWithoutAColumnOrARecord)
 {
     ButtonWindow window({1, 2, 3});
     for (const std::int32_t none : {-1, 1}) {
-        window.curCol = none;
+        window.choose(none);
         EXPECT_EQ(window.baseline(), Column(3, untouched));
     }
     EXPECT_TRUE(window.calls.empty());
@@ -203,6 +203,13 @@ TEST(BaseButton, nothingHappensWithoutAColumnOrARecord)
     ButtonWindow empty(Column{});
     EXPECT_EQ(empty.baseline(), Column{});
     EXPECT_TRUE(empty.calls.empty());
+}
+
+TEST(BaseButton, onAColumnWithoutReadingsIsNoChange)
+{
+    ButtonWindow window({blank, blank});
+    EXPECT_EQ(window.baseline(), (Column{untouched, untouched}));
+    EXPECT_TRUE(window.data.saveCheck);
 }
 
 } // namespace

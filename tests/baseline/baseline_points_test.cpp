@@ -101,11 +101,11 @@ TEST(SetPoint, aPointOnAMissingReadingIsMarkedAndDrawsNothing)
 TEST(SetPoint, pointsOfOtherSensorsNeitherCountNorChange)
 {
     PointsWindow window(std::vector<Column>{{4, 4, 4}, {4, 4, 4}});
-    window.basePoints.set(1, 0, true);
+    window.sensors.setPoint(1, 0, true);
     window.points.setPoint(2, -1, false);
     EXPECT_EQ(window.baseline(), (Column{cleared, cleared, untouched}));
-    EXPECT_TRUE(window.basePoints(1, 0));
-    EXPECT_FALSE(window.basePoints(1, 2));
+    EXPECT_TRUE(window.sensors.isPoint(1, 0));
+    EXPECT_FALSE(window.sensors.isPoint(1, 2));
     EXPECT_EQ(window.column(kBaseline, 1), Column(3, untouched));
 }
 
@@ -179,7 +179,7 @@ TEST(SetPoint, deletingTakesNoMarkFromTheOtherRow)
 TEST(SetPoint, nothingHappensOnAColumnThatIsNoSensor)
 {
     PointsWindow window({4, 4, 4});
-    window.curSensor = -1;
+    window.view.curSensor = -1;
     window.points.setPoint(1, -1, false);
     window.points.setPoint(1, -1, true);
     EXPECT_TRUE(window.nothingHappened());
@@ -188,7 +188,7 @@ TEST(SetPoint, nothingHappensOnAColumnThatIsNoSensor)
 TEST(SetPoint, nothingHappensBeforePointsExist)
 {
     PointsWindow window({4, 4, 4});
-    window.basePoints.allocate(0, 0);
+    window.sensors.clear();
     window.points.setPoint(1, -1, false);
     window.points.setPoint(1, -1, true);
     EXPECT_TRUE(window.nothingHappened());
@@ -197,7 +197,7 @@ TEST(SetPoint, nothingHappensBeforePointsExist)
 TEST(SetPoint, nothingHappensWithPointsOfAnotherRecordsLength)
 {
     PointsWindow window({4, 4, 4});
-    window.basePoints.allocate(1, 2);
+    window.sensors.assign({0}, 2);
     window.points.setPoint(1, -1, false);
     EXPECT_TRUE(window.nothingHappened());
 }
@@ -265,8 +265,8 @@ TEST(Interpolate, aMissingReadingInsideIsFilled)
 TEST(Interpolate, onlyTheLayerAndColumnOnViewChange)
 {
     PointsWindow window(std::vector<Column>{{1, 1, 1}, {1, 1, 1}});
-    window.curLayer = kConverted;
-    window.curCol = 1;
+    window.view.curLayer = kConverted;
+    window.choose(1);
     window.data.values(kConverted, 1, 2) = -9;
     window.select(0, 2);
     window.points.interpolate();
@@ -287,7 +287,7 @@ TEST(Interpolate, aSlopeThatOverflowsFillsWithMissing)
 TEST(Interpolate, onReadingsUnderTurboThePointsInsideGo)
 {
     PointsWindow window({2, 5, 4, 2, 6, 5, 2});
-    window.Turbo = true;
+    window.view.Turbo = true;
     window.mark({0, 2, 3, 4, 6});
     window.select(2, 4);
     window.points.interpolate(); // readings 4, 5, 6; the line is then 2 from row 0 to row 6
@@ -300,7 +300,7 @@ TEST(Interpolate, onReadingsUnderTurboThePointsInsideGo)
 TEST(Interpolate, onReadingsUnderTurboWithoutAPointInsideItsSegmentIsRecomputed)
 {
     PointsWindow window({4, 4, 2, 9, 2, 4, 4});
-    window.Turbo = true;
+    window.view.Turbo = true;
     window.mark({0, 6});
     window.select(2, 4);
     window.points.interpolate();
@@ -312,8 +312,8 @@ TEST(Interpolate, onReadingsUnderTurboWithoutAPointInsideItsSegmentIsRecomputed)
 TEST(Interpolate, onTheConvertedLayerUnderTurboThePointsStay)
 {
     PointsWindow window({2, 5, 4, 2});
-    window.Turbo = true;
-    window.curLayer = kConverted;
+    window.view.Turbo = true;
+    window.view.curLayer = kConverted;
     window.mark({0, 1, 3});
     window.select(0, 3);
     window.points.interpolate();
@@ -334,8 +334,8 @@ TEST(Interpolate, withoutTurboThePointsStay)
 TEST(Interpolate, underTurboAColumnThatIsNoSensorIsOnlyFilled)
 {
     PointsWindow window({1, 5, 3});
-    window.Turbo = true;
-    window.curSensor = -1;
+    window.view.Turbo = true;
+    window.view.curSensor = -1;
     window.select(0, 2);
     window.points.interpolate();
     EXPECT_EQ(window.readings(), (Column{1, 2, 3}));
@@ -349,7 +349,7 @@ TEST(Interpolate, anEmptySelectionRowsOutsideOrNoColumnDoNothing)
         window.select(first, last);
         window.points.interpolate();
     }
-    window.curCol = -1;
+    window.choose(-1);
     window.select(0, 2);
     window.points.interpolate();
     EXPECT_EQ(window.readings(), (Column{1, 9, 3}));

@@ -28,25 +28,31 @@ public:
         for (std::int32_t c = 0; c < data.columns; ++c)
             for (std::int32_t r = 0; r < data.lines; ++r)
                 data.values(kBaseline, c, r) = data.values(kConverted, c, r) = untouched;
-        sensors = data.columns;
-        basePoints.allocate(sensors, data.lines);
-        curCol = curSensor = 0;
+        std::vector<std::int32_t> all;
+        for (std::int32_t c = 0; c < data.columns; ++c) all.push_back(c);
+        makeSensors(all);
+        choose(0);
+        view.curSensor = 0;
+    }
+    void turboCalc(std::int32_t column, std::int32_t lPoint, std::int32_t rPoint)
+    {
+        tarvelint::turboCalc(data, column, lPoint, rPoint);
     }
     void mark(const Rows& rows)
     {
-        for (const auto row : rows) basePoints.set(curSensor, row, true);
+        for (const auto row : rows) sensors.setPoint(view.curSensor, row, true);
     }
     [[nodiscard]] Rows marks() const
     {
         Rows rows;
-        for (std::int32_t r = 0; r < basePoints.lines(); ++r)
-            if (basePoints(curSensor, r)) rows.push_back(r);
+        for (std::int32_t r = 0; r < data.lines; ++r)
+            if (sensors.isPoint(view.curSensor, r)) rows.push_back(r);
         return rows;
     }
     void select(std::int32_t first, std::int32_t last)
     {
-        selStart = first;
-        selEnd = last;
+        view.selStart = first;
+        view.selEnd = last;
     }
     [[nodiscard]] Column readings() const { return column(kUnconverted, 0); }
     [[nodiscard]] Column baseline() const { return column(kBaseline, 0); }

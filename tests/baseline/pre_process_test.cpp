@@ -29,13 +29,13 @@ public:
             par.push_back(row == 'P' ? -1 : row == '-' || row == 'p' || row == 'V' ? 0 : 9);
         }
         setReadings({vpd, par});
-        data.vpdCol = 0;
-        data.parCol = 1;
-        data.lullTime = minimum;
+        conversionSettings.zeroFlow.vpdCol = 0;
+        conversionSettings.zeroFlow.parCol = 1;
+        conversionSettings.zeroFlow.lullTime = minimum;
     }
     [[nodiscard]] Rows flagged()
     {
-        ZeroFlow(*this).preProcess();
+        preProcess(data, conversionSettings.zeroFlow);
         Rows rows;
         for (std::int32_t r = 0; r < data.lines; ++r)
             if (data.lullFlags[static_cast<std::size_t>(r)]) rows.push_back(r);
@@ -86,13 +86,13 @@ TEST(PreProcess, aMissingReadingMayOpenARun)
 TEST(PreProcess, limitsAre32BitsWide)
 {
     LullWindow window("--");
-    window.data.vpdLimit = 0.05F; // 0.0500000007...: 0.05 is within
-    window.data.parLimit = 0.01F; // 0.0099999998...: 0.01 is not
+    window.conversionSettings.zeroFlow.vpdLimit = 0.05F; // 0.0500000007...: 0.05 is within
+    window.conversionSettings.zeroFlow.parLimit = 0.01F; // 0.0099999998...: 0.01 is not
     window.data.values(kUnconverted, 0, 1) = 0.05;
     EXPECT_EQ(window.flagged(), Rows{1});
 
     LullWindow par("--");
-    par.data.parLimit = 0.01F;
+    par.conversionSettings.zeroFlow.parLimit = 0.01F;
     par.data.values(kUnconverted, 1, 1) = 0.01;
     EXPECT_EQ(par.flagged(), Rows{});
 }
@@ -149,10 +149,10 @@ TEST(PreProcess, aColumnThatDoesNotExistFlagsNothing)
 {
     for (const auto column : std::vector<std::int16_t>{-1, 2, 32767}) {
         LullWindow vpd("----");
-        vpd.data.vpdCol = column;
+        vpd.conversionSettings.zeroFlow.vpdCol = column;
         EXPECT_EQ(vpd.flagged(), Rows{});
         LullWindow par("----");
-        par.data.parCol = column;
+        par.conversionSettings.zeroFlow.parCol = column;
         EXPECT_EQ(par.flagged(), Rows{});
     }
 }

@@ -1,9 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "baseline/zero_flow.h"
 
-#include "baseline/baseline_points.h"
-#include "support/test_window.h"
-
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -20,39 +17,54 @@ namespace {
 
 using Column = std::vector<double>;
 using Rows = std::vector<std::int32_t>;
+using Texts = std::vector<std::string>;
 
 constexpr double blank = 99999;
 
-/// Sensor columns whose rows are all flagged until a test says otherwise; every column is a sensor column.
-class BaseWindow : public TestWindow {
+/// A record whose rows are all flagged until a test says otherwise; every column is a sensor column.
+class Flagged {
 public:
-    BaselinePoints points{*this};
-    bool converts = false; ///< the real segment computation runs as well
+    Record record;
+    Sensors sensors;
+    Texts told; ///< what was said to be done
 
-    explicit BaseWindow(const std::vector<Column>& columns)
+    explicit Flagged(const std::vector<Column>& columns)
     {
-        setReadings(columns);
-        data.lullFlags.assign(static_cast<std::size_t>(data.lines), true);
-        sensors = data.columns;
+        record.allocate(static_cast<std::int16_t>(columns.size()),
+                        columns.empty() ? 0 : static_cast<std::int32_t>(columns.front().size()));
+        for (std::int32_t c = 0; c < record.columns; ++c)
+            for (std::int32_t r = 0; r < record.lines; ++r)
+                record.values(kUnconverted, c, r) = columns[static_cast<std::size_t>(c)][static_cast<std::size_t>(r)];
+        record.lullFlags.assign(static_cast<std::size_t>(record.lines), true);
     }
     void flagOnly(const Rows& rows)
     {
-        data.lullFlags.assign(static_cast<std::size_t>(data.lines), false);
-        for (const auto row : rows) data.lullFlags[static_cast<std::size_t>(row)] = true;
+        record.lullFlags.assign(static_cast<std::size_t>(record.lines), false);
+        for (const auto row : rows) record.lullFlags[static_cast<std::size_t>(row)] = true;
     }
-    void turboCalc(std::int32_t column, std::int32_t lPoint, std::int32_t rPoint) override
+    std::int32_t getBase()
     {
-        TestWindow::turboCalc(column, lPoint, rPoint);
-        EXPECT_EQ(text(Control::statusPanel1), "Converting all data...");
-        if (converts) points.turboCalc(column, lPoint, rPoint);
+        return tarvelint::getBase(record, sensors, [this](const char* text) { told.emplace_back(text); });
     }
     [[nodiscard]] Rows pointsOf(std::int32_t sensor)
     {
-        ZeroFlow(*this).getBase();
+        getBase();
         Rows rows;
-        for (std::int32_t r = 0; r < data.lines; ++r)
-            if (basePoints(sensor, r)) rows.push_back(r);
+        for (std::int32_t r = 0; r < record.lines; ++r)
+            if (sensors.isPoint(sensor, r)) rows.push_back(r);
         return rows;
+    }
+    [[nodiscard]] Column baseline(std::int32_t column) const
+    {
+        Column cells;
+        for (std::int32_t r = 0; r < record.lines; ++r) cells.push_back(record.values(kBaseline, column, r));
+        return cells;
+    }
+    [[nodiscard]] Rows sensorCols() const
+    {
+        Rows columns;
+        for (std::int32_t i = 0; i < sensors.count(); ++i) columns.push_back(sensors.column(i));
+        return columns;
     }
 };
 
@@ -67,7 +79,7 @@ Column flat(std::size_t lines, const std::vector<std::pair<std::size_t, double>>
 /// Only the rows with a reading of their own are flagged.
 Rows pointsOnFlagged(std::size_t lines, const std::vector<std::pair<std::size_t, double>>& flaggedReadings)
 {
-    BaseWindow window({flat(lines, flaggedReadings)});
+    Flagged window({flat(lines, flaggedReadings)});
     Rows rows;
     for (const auto& entry : flaggedReadings) rows.push_back(static_cast<std::int32_t>(entry.first));
     window.flagOnly(rows);
@@ -81,7 +93,7 @@ TEST(GetBase, aPointStandsOnTheHighestReadingOfALull)
 
 TEST(GetBase, rowsOutsideLullsBearNoPoint)
 {
-    BaseWindow window({flat(90, {{30, 50}})});
+    Flagged window({flat(90, {{30, 50}})});
     window.flagOnly({20});
     EXPECT_EQ(window.pointsOf(0), Rows{20});
 }
@@ -132,7 +144,7 @@ TEST(GetBase, whenTheRecordEndsWithinReachThePointGoesToTheLastRow)
 
 TEST(GetBase, aMissingLastRowThenBearsNoPoint)
 {
-    BaseWindow window({flat(20, {{5, 8}, {19, blank}})});
+    Flagged window({flat(20, {{5, 8}, {19, blank}})});
     window.flagOnly({5});
     EXPECT_EQ(window.pointsOf(0), Rows{});
 }
@@ -145,7 +157,7 @@ TEST(GetBase, aLookAheadThatJustFitsKeepsTheCandidate)
 
 TEST(GetBase, everySensorHasItsOwnPoints)
 {
-    BaseWindow window({flat(60, {{5, 9}}), flat(60, {{8, 9}})});
+    Flagged window({flat(60, {{5, 9}}), flat(60, {{8, 9}})});
     window.flagOnly({5, 6, 7, 8});
     EXPECT_EQ(window.pointsOf(0), Rows{5});
     EXPECT_EQ(window.pointsOf(1), Rows{8});
@@ -153,121 +165,116 @@ TEST(GetBase, everySensorHasItsOwnPoints)
 
 TEST(GetBase, earlierPointsGo)
 {
-    BaseWindow window({flat(60)});
+    Flagged window({flat(60)});
     window.flagOnly({5});
-    window.basePoints.allocate(3, 60);
-    window.basePoints.set(0, 40, true);
+    window.sensors.assign({0, 1, 2}, 60);
+    window.sensors.setPoint(0, 40, true);
     EXPECT_EQ(window.pointsOf(0), Rows{5});
-    EXPECT_EQ(window.basePoints.sensors(), 1);
+    EXPECT_EQ(window.sensors.count(), 1);
 }
 
-TEST(GetBase, withoutAColumnSetUpEveryColumnIsASensor)
+TEST(GetBase, withoutAMarkEveryColumnIsASensor)
 {
-    BaseWindow window({flat(3), flat(3), flat(3)});
-    ZeroFlow(window).getBase();
-    EXPECT_EQ(window.sensorCols, (Rows{1, 2, 3}));
+    Flagged window({flat(3), flat(3), flat(3)});
+    window.getBase();
+    EXPECT_EQ(window.sensorCols(), (Rows{0, 1, 2}));
 }
 
 TEST(GetBase, parameterColumnsAreLeftOut)
 {
-    BaseWindow window({flat(60), flat(60, {{5, 9}}), flat(60), flat(60)});
-    window.data.labels = {"VPD", "A", "PAR", "B"};
-    window.labelFrm = std::make_unique<ColumnSetup>(window);
-    window.labelFrm->Form_Load();
-    window.labelFrm->setCheckBox(1, true);
-    window.labelFrm->setCheckBox(3, true);
-    window.labelFrm->OKButton_Click();
-    window.sensors = 2;
+    Flagged window({flat(60), flat(60, {{5, 9}}), flat(60), flat(60)});
+    window.record.parameters = {true, false, true, false};
     window.flagOnly({4, 5});
     EXPECT_EQ(window.pointsOf(0), Rows{5});
-    EXPECT_EQ(window.sensorCols, (Rows{2, 4}));
+    EXPECT_EQ(window.sensorCols(), (Rows{1, 3}));
 }
 
-TEST(GetBase, aCountOfSensorsThatDoesNotFitTheColumnsIsSafe)
+TEST(GetBase, aRecordOfParametersOnlyHasNoSensor)
 {
-    BaseWindow many({flat(60)});
-    many.sensors = 3;
-    EXPECT_EQ(many.pointsOf(2), Rows{});
-    EXPECT_EQ(many.sensorCols, (Rows{1, 0, 0}));
-
-    BaseWindow few({flat(60), flat(60)});
-    few.sensors = 1;
-    ZeroFlow(few).getBase();
-    EXPECT_EQ(few.sensorCols, Rows{1});
-
-    BaseWindow none({flat(60)});
-    none.sensors = -1;
-    ZeroFlow(none).getBase();
-    EXPECT_EQ(none.sensorCols, Rows{});
+    Flagged window({flat(60)});
+    window.record.parameters = {true};
+    EXPECT_EQ(window.getBase(), 0);
+    EXPECT_EQ(window.sensors.count(), 0);
 }
 
 TEST(GetBase, anEmptyRecordHasNoPoints)
 {
-    BaseWindow window({});
-    ZeroFlow(window).getBase();
-    EXPECT_EQ(window.basePoints.lines(), 0);
-    EXPECT_TRUE(window.calls.empty());
+    Flagged window({});
+    EXPECT_EQ(window.getBase(), 0);
+    EXPECT_EQ(window.sensors.count(), 0);
+}
+
+TEST(GetBase, countsThePointsOfAllSensors)
+{
+    Flagged window({flat(60), flat(60)});
+    window.flagOnly({5, 40});
+    EXPECT_EQ(window.getBase(), 4);
+    window.flagOnly({});
+    EXPECT_EQ(window.getBase(), 0);
 }
 
 // Conversion between the points
 
+/// A baseline of its own for a column with points at `rows`: each line is summed from the reading at its start, and a
+/// later line overwrites the end of the one before it.
+Column joined(const Column& readings, const Rows& rows)
+{
+    Column baseline(readings.size(), 0);
+    for (std::size_t i = 1; i < rows.size(); ++i) {
+        const auto from = static_cast<std::size_t>(rows[i - 1]);
+        const auto to = static_cast<std::size_t>(rows[i]);
+        const double slope = (readings[to] - readings[from]) / static_cast<double>(to - from);
+        double b = readings[from];
+        for (std::size_t r = from; r <= to; ++r, b = b + slope) baseline[r] = b;
+    }
+    return baseline;
+}
+
 TEST(GetBase, consecutivePointsOfASensorAreJoined)
 {
-    BaseWindow window({flat(130), flat(130)});
+    const Column first = flat(130, {{10, 5}, {50, 5.7}, {100, 6.1}});
+    const Column second = flat(130, {{10, 9}, {50, 3.3}, {100, 4}});
+    Flagged window({first, second});
     window.flagOnly({10, 50, 100});
-    ZeroFlow(window).getBase();
-    EXPECT_THAT(window.calls, testing::UnorderedElementsAre("turboCalc 0 10 50", "turboCalc 0 50 100",
-                                                            "turboCalc 1 10 50", "turboCalc 1 50 100"));
+    window.getBase();
+    EXPECT_EQ(window.baseline(0), joined(first, {10, 50, 100}));
+    EXPECT_EQ(window.baseline(1), joined(second, {10, 50, 100}));
 }
 
 TEST(GetBase, segmentsOfALongRecordFollowEachOtherInOrder)
 {
-    BaseWindow window({flat(5000)});
-    window.flagOnly({1000, 1023, 1100, 3500, 4096});
-    ZeroFlow(window).getBase(); // rows 1000 and 1023 are one lull
-    EXPECT_EQ(window.calls,
-              (std::vector<std::string>{"turboCalc 0 1000 1100", "turboCalc 0 1100 3500", "turboCalc 0 3500 4096"}));
+    // Sums of these slopes miss the next reading by their rounding: where two lines meet, the later one has the word.
+    const Column readings = flat(5000, {{1000, 5.1}, {1100, 6.2}, {3500, 4.3}, {4096, 7.7}});
+    Flagged window({readings});
+    window.flagOnly({1000, 1023, 1100, 3500, 4096}); // rows 1000 and 1023 are one lull
+    window.getBase();
+    EXPECT_EQ(window.baseline(0), joined(readings, {1000, 1100, 3500, 4096}));
+    EXPECT_EQ(window.baseline(0)[3500], 4.3);
 }
 
 TEST(GetBase, aSinglePointGivesNoBaseline)
 {
-    BaseWindow window({flat(60)});
+    Flagged window({flat(60)});
     window.flagOnly({10});
     EXPECT_EQ(window.pointsOf(0), Rows{10});
-    EXPECT_TRUE(window.calls.empty());
+    EXPECT_EQ(window.baseline(0), Column(60, 0));
 }
 
 TEST(GetBase, rowsBeforeTheFirstAndAfterTheLastPointStayAsTheyWere)
 {
-    BaseWindow window({flat(90)});
-    window.converts = true;
+    Flagged window({flat(90)});
     window.flagOnly({10, 40});
-    ZeroFlow(window).getBase();
+    window.getBase();
     Column expected(90, 0);
     std::fill(expected.begin() + 10, expected.begin() + 41, 1);
-    EXPECT_EQ(window.column(kBaseline, 0), expected);
+    EXPECT_EQ(window.baseline(0), expected);
 }
 
 TEST(GetBase, tellsWhatItIsDoing)
 {
-    BaseWindow window({flat(60)});
-    // What the panel shows already is not told again: one change is left when the first text stands there beforehand.
-    window.setStatus(1, "Determining baseline points...");
-    window.fakeUi.changes.clear();
-    ZeroFlow(window).getBase();
-    EXPECT_EQ(std::ranges::count(window.fakeUi.changes, Control::statusPanel1), 1);
-    EXPECT_EQ(window.text(Control::statusPanel1), "Converting all data...");
-
-    window.fakeUi.changes.clear();
-    ZeroFlow(window).getBase();
-    EXPECT_EQ(std::ranges::count(window.fakeUi.changes, Control::statusPanel1), 2);
-}
-
-TEST(GetBase, marksTheRecordAsChanged)
-{
-    BaseWindow window({flat(60)});
-    ZeroFlow(window).getBase();
-    EXPECT_FALSE(window.data.saveCheck);
+    Flagged window({flat(60)});
+    window.getBase();
+    EXPECT_EQ(window.told, (Texts{"Determining baseline points...", "Converting all data..."}));
 }
 
 TEST(GetBase, pointsStandOnFlaggedRowsAtLeast25RowsApart)
@@ -277,12 +284,12 @@ TEST(GetBase, pointsStandOnFlaggedRowsAtLeast25RowsApart)
     for (int round = 0; round < 50; ++round) {
         Column readings(400);
         for (auto& reading : readings) reading = random() % 10 == 0 ? blank : static_cast<double>(random() % 100) / 7;
-        BaseWindow window({readings});
-        for (std::size_t r = 0; r < readings.size(); ++r) window.data.lullFlags[r] = random() % 3 == 0;
+        Flagged window({readings});
+        for (std::size_t r = 0; r < readings.size(); ++r) window.record.lullFlags[r] = random() % 3 == 0;
         const Rows rows = window.pointsOf(0);
         for (std::size_t i = 0; i < rows.size(); ++i) {
             const auto row = static_cast<std::size_t>(rows[i]);
-            EXPECT_TRUE(window.data.lullFlags[row] || row == readings.size() - 1);
+            EXPECT_TRUE(window.record.lullFlags[row] || row == readings.size() - 1);
             EXPECT_NE(readings[row], blank);
             if (i == 0) continue;
             EXPECT_GE(rows[i] - rows[i - 1], 25);

@@ -1,8 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "batch/batch_run.h"
 
-#include "app/main_window.h"
-#include "batch/batch_ui.h"
+#include "app/shell_window.h"
+#include "batch/console.h"
 #include "support/doubles.h"
 
 #include <gtest/gtest.h>
@@ -53,18 +53,18 @@ protected:
         options.output = "out.csv";
         options.vpdColumn = 4;
     }
-    int run(bool terminal = false) { return runBatch(options, {settings, style, files, clock}, out, err, terminal); }
+    int run(bool terminal = false) { return runBatch(options, {files, style, clock}, out, err, terminal); }
     [[nodiscard]] const std::string& written() { return files.contents["out.csv"]; }
 
     /// Runs the two nights with these arguments besides; the summary.
-    std::string summaryWith(const std::vector<const char*>& more)
+    std::string summaryWith(const std::vector<const char*>& more, ExitStatus expected = kDone)
     {
         std::vector<const char*> arguments{"tarvelint-batch", "in.csv", "-o", "out.csv", "--vpd-column", "4"};
         arguments.insert(arguments.end(), more.begin(), more.end());
         const auto line = parseCommandLine(static_cast<int>(arguments.size()), arguments.data(), out, err);
         options = line.options.value_or(BatchOptions{});
         out.str({});
-        EXPECT_EQ(run(), kDone) << err.str();
+        EXPECT_EQ(run(), expected) << err.str();
         return out.str();
     }
 
@@ -72,21 +72,21 @@ protected:
     std::string writtenByWindow(bool labels, FileType type = FileType::comma)
     {
         FakeUi ui;
-        BatchApplication application;
-        MainWindow window(ui, {settings, style, files, clock}, application);
+        FakeApplication application;
+        Engine window(ui, ui, {settings, style, files, clock}, application);
         window.lifecycle.Form_Load();
         ui.openChoices.push_back(ChosenFile{options.input, type});
         window.boundary.command([&] { window.files.mnuFileOpen_Click(); });
-        for (int column1 = 1; column1 <= 4; ++column1) window.labelFrm->setCheckBox(column1, true);
-        window.labelFrm->boxes.turboCheck = true;
-        window.labelFrm->boxes.vpdBox = "4";
-        window.labelFrm->boxes.saveBox = labels;
-        window.boundary.command([&] { window.labelFrm->OKButton_Click(); });
-        ui.onSaveContents = [&] { window.typeFrm->OKButton_Click(); };
+        for (int column1 = 1; column1 <= 4; ++column1) window.forms.labelFrm->setCheckBox(column1, true);
+        window.forms.labelFrm->boxes.turboCheck = true;
+        window.forms.labelFrm->boxes.vpdBox = "4";
+        window.forms.labelFrm->boxes.saveBox = labels;
+        window.boundary.command([&] { window.forms.labelFrm->OKButton_Click(); });
+        ui.onSaveContents = [&] { window.forms.typeFrm->OKButton_Click(); };
         ui.saveChoices.push_back(ChosenFile{"window", type});
         window.boundary.command([&] { window.files.mnuFileSave_Click(); });
         EXPECT_TRUE(ui.messages.empty());
-        return files.contents[window.savePath];
+        return files.contents[window.file.savePath];
     }
 };
 
@@ -124,9 +124,100 @@ TEST_F(BatchRun, saysOneLineASensorWithPointsRowsConvertedAndRowsMissing)
     // Night one is flagged from row 3 on (lull time 3) and peaks at row 5. Night two peaks at row 35, from where
     // looking ahead runs off the data, which puts the point on row 39: rows 5 to 39 are converted, 35 of them; B misses
     // one.
-    EXPECT_EQ(out.str(), "A: 2 points, 35 rows converted, 0 rows missing\n"
-                         "B: 2 points, 34 rows converted, 1 rows missing\n");
+    EXPECT_EQ(out.str(), "A: 2 points, 35 rows converted, 5 readings left unconverted, 0 rows missing\n"
+                         "B: 2 points, 34 rows converted, 5 readings left unconverted, 1 rows missing\n");
     EXPECT_TRUE(err.str().empty());
+}
+
+TEST_F(BatchRun, aSensorWithoutTwoPointsIsAWarningThatNamesTheLowestVpdAndPar)
+{
+    options.zeroFlow.vpdLimit = 0.001F;
+    EXPECT_EQ(run(), kDataFault);
+    EXPECT_EQ(
+        err.str(),
+        "tarvelint-batch: A: 0 points are too few for a baseline, so nothing was converted; the lowest VPD is 0.01 "
+        "(limit 0.001), the lowest PAR 0 (limit 0.01)\n"
+        "tarvelint-batch: B: 0 points are too few for a baseline, so nothing was converted; the lowest VPD is 0.01 "
+        "(limit 0.001), the lowest PAR 0 (limit 0.01)\n"
+        "tarvelint-batch: in.csv: no sensor was converted\n");
+}
+
+TEST_F(BatchRun, warnsAlsoWhenItIsToBeQuiet)
+{
+    options.zeroFlow.vpdLimit = 0.001F;
+    options.quiet = true;
+    EXPECT_EQ(run(), kDataFault);
+    EXPECT_NE(err.str().find("A: 0 points are too few"), std::string::npos);
+    EXPECT_TRUE(out.str().empty());
+}
+
+TEST_F(BatchRun, theOutputIsWrittenAlsoWhenNoSensorWasConverted)
+{
+    options.zeroFlow.vpdLimit = 0.001F;
+    EXPECT_EQ(run(), kDataFault);
+    EXPECT_NE(written().find("unconverted-baseline-converted"), std::string::npos);
+}
+
+TEST_F(BatchRun, oneSensorConvertedIsEnough)
+{
+    std::string& text = files.contents["in.csv"];
+    for (auto at = text.find(",1000,\r"); at != std::string::npos; at = text.find(",1000,\r", at + 1))
+        text.replace(at, 6, ",99999");
+    for (auto at = text.find(",990,\r"); at != std::string::npos; at = text.find(",990,\r", at + 1))
+        text.replace(at, 5, ",99999"); // B has no reading at night
+    EXPECT_EQ(run(), kDone) << err.str();
+    EXPECT_NE(err.str().find("B: 0 points"), std::string::npos);
+    EXPECT_EQ(err.str().find("A: "), std::string::npos);
+    EXPECT_EQ(err.str().find("no sensor"), std::string::npos);
+}
+
+TEST_F(BatchRun, aVpdThatIsMissingThroughoutIsSaid)
+{
+    std::string& text = files.contents["in.csv"];
+    for (const std::string vpd : {",0.01,", ",1.5,"})
+        for (auto at = text.find(vpd); at != std::string::npos; at = text.find(vpd, at + 1))
+            text.replace(at, vpd.size(), ",99999,");
+    EXPECT_EQ(run(), kDataFault);
+    EXPECT_NE(err.str().find("the lowest VPD is missing throughout (limit 0.05)"), std::string::npos) << err.str();
+}
+
+TEST_F(BatchRun, aFileNameOfOneLetterStandsInItsMessage)
+{
+    options.input = "a";
+    files.contents["a"] = "Tarvelint output: today,6 columns,40 rows each,without labels,blank='.'\r\n";
+    EXPECT_EQ(run(), kDataFault);
+    EXPECT_EQ(err.str(), "tarvelint-batch: a: no U-B-C info in the header!\n");
+}
+
+TEST_F(BatchRun, whatWouldSteerATerminalIsTakenOutOfLabels)
+{
+    std::string& text = files.contents["in.csv"];
+    text.replace(text.find(",A,"), 3, ",\x1B[2J\xC2\x9B\x7F,");
+    options.equation = "X/0";
+    ASSERT_EQ(run(), kDone) << err.str();
+    EXPECT_EQ(out.str().substr(0, out.str().find(':')), "?[2J???");
+    EXPECT_EQ((out.str() + err.str()).find('\x1B'), std::string::npos);
+    EXPECT_NE(err.str().find("?[2J???: equation errors"), std::string::npos) << err.str();
+}
+
+TEST_F(BatchRun, labelsInOtherScriptsArePrintedAsTheyAre)
+{
+    EXPECT_EQ(printable("\xC3\xA4pfel \xC2\xB5mol \xE6\x9C\xA8"), "\xC3\xA4pfel \xC2\xB5mol \xE6\x9C\xA8");
+}
+
+TEST_F(BatchRun, aSummaryThatCannotBeWrittenIsAFault)
+{
+    out.setstate(std::ios::badbit);
+    EXPECT_EQ(run(), kDataFault);
+    EXPECT_NE(err.str().find("The summary cannot be written; the file out.csv is complete."), std::string::npos);
+    EXPECT_FALSE(written().empty());
+}
+
+TEST_F(BatchRun, aRecordOfParametersOnlyIsAFault)
+{
+    options.parameters = "1-6";
+    EXPECT_EQ(run(), kDataFault);
+    EXPECT_NE(err.str().find("Every column is marked \"Do not convert\""), std::string::npos) << err.str();
 }
 
 TEST_F(BatchRun, quietSaysNothing)
@@ -152,31 +243,34 @@ TEST_F(BatchRun, progressShowsOnATerminalOnly)
 
 TEST_F(BatchRun, aLowerVpdLimitLeavesNoCalmRow)
 {
-    EXPECT_EQ(summaryWith({"--vpd-limit", "0.001"}), "A: 0 points, 0 rows converted, 0 rows missing\n"
-                                                     "B: 0 points, 0 rows converted, 1 rows missing\n");
+    EXPECT_EQ(summaryWith({"--vpd-limit", "0.001"}, kDataFault),
+              "A: 0 points, 0 rows converted, 40 readings left unconverted, 0 rows missing\n"
+              "B: 0 points, 0 rows converted, 39 readings left unconverted, 1 rows missing\n");
 }
 
 TEST_F(BatchRun, aLowerParLimitLeavesNoDarkRow)
 {
-    EXPECT_EQ(summaryWith({"--par-limit", "-1"}), "A: 0 points, 0 rows converted, 0 rows missing\n"
-                                                  "B: 0 points, 0 rows converted, 1 rows missing\n");
+    EXPECT_EQ(summaryWith({"--par-limit", "-1"}, kDataFault),
+              "A: 0 points, 0 rows converted, 40 readings left unconverted, 0 rows missing\n"
+              "B: 0 points, 0 rows converted, 39 readings left unconverted, 1 rows missing\n");
 }
 
 TEST_F(BatchRun, aLongerLullTimeFlagsLaterRows)
 {
     // Flags stand on the rows after the sixth, 6 to 9 and 36 to 39. Their readings are all equal: the first point is
     // row 6, the second goes off the end to row 39. Rows 6 to 39 are 34; B misses one.
-    EXPECT_EQ(summaryWith({"--lull-time", "6"}), "A: 2 points, 34 rows converted, 0 rows missing\n"
-                                                 "B: 2 points, 33 rows converted, 1 rows missing\n");
+    EXPECT_EQ(summaryWith({"--lull-time", "6"}),
+              "A: 2 points, 34 rows converted, 6 readings left unconverted, 0 rows missing\n"
+              "B: 2 points, 33 rows converted, 6 readings left unconverted, 1 rows missing\n");
 }
 
 TEST_F(BatchRun, theParColumnSaysWhichRowsAreDark)
 {
     // Time taken for light: rows 0 to 9 are "dark", the second night is not. Column 3 is then one more sensor.
-    EXPECT_EQ(summaryWith({"--par-column", "2", "--par-limit", "9"}),
-              "PAR: 1 points, 0 rows converted, 0 rows missing\n"
-              "A: 1 points, 0 rows converted, 0 rows missing\n"
-              "B: 1 points, 0 rows converted, 1 rows missing\n");
+    EXPECT_EQ(summaryWith({"--par-column", "2", "--par-limit", "9"}, kDataFault),
+              "PAR: 1 points, 0 rows converted, 40 readings left unconverted, 0 rows missing\n"
+              "A: 1 points, 0 rows converted, 40 readings left unconverted, 0 rows missing\n"
+              "B: 1 points, 0 rows converted, 39 readings left unconverted, 1 rows missing\n");
 }
 
 TEST_F(BatchRun, withoutAConvertedLayerOnlyRowsBetweenPointsCountAsConverted)
@@ -188,8 +282,8 @@ TEST_F(BatchRun, withoutAConvertedLayerOnlyRowsBetweenPointsCountAsConverted)
     options.input = "again.csv";
     out.str({});
     ASSERT_EQ(run(), kDone) << err.str();
-    EXPECT_EQ(out.str(), "A: 2 points, 35 rows converted, 0 rows missing\n"
-                         "B: 2 points, 34 rows converted, 1 rows missing\n");
+    EXPECT_EQ(out.str(), "A: 2 points, 35 rows converted, 5 readings left unconverted, 0 rows missing\n"
+                         "B: 2 points, 34 rows converted, 5 readings left unconverted, 1 rows missing\n");
 }
 
 TEST_F(BatchRun, aFileOfThisProgramIsHonoured)
@@ -227,7 +321,7 @@ TEST_F(BatchRun, parametersNameTheColumnsThatAreNotConverted)
 {
     options.parameters = "1-4,B";
     ASSERT_EQ(run(), kDone);
-    EXPECT_EQ(out.str(), "A: 2 points, 35 rows converted, 0 rows missing\n");
+    EXPECT_EQ(out.str(), "A: 2 points, 35 rows converted, 5 readings left unconverted, 0 rows missing\n");
 }
 
 TEST_F(BatchRun, missingValuesAreTheNumberAskedFor)

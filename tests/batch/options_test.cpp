@@ -38,9 +38,9 @@ TEST(BatchOptions, defaultsAreThoseOfTheColumnSetup)
     const BatchOptions o = options({"in.csv", "-o", "out.csv"});
     EXPECT_EQ(o.vpdColumn, 11);
     EXPECT_EQ(o.parColumn, 3);
-    EXPECT_EQ(o.vpdLimit, "0.05");
-    EXPECT_EQ(o.parLimit, "0.01");
-    EXPECT_EQ(o.lullTime, "3");
+    EXPECT_EQ(o.zeroFlow.vpdLimit, 0.05F);
+    EXPECT_EQ(o.zeroFlow.parLimit, 0.01F);
+    EXPECT_EQ(o.zeroFlow.lullTime, 3);
     EXPECT_EQ(o.blank, 99999);
     EXPECT_FALSE(o.parameters.has_value());
     EXPECT_FALSE(o.quiet);
@@ -95,9 +95,9 @@ TEST(BatchOptions, zeroFlowParametersAreTaken)
                  "--par-limit", "-1", "--lull-time", "6", "--blank", "-9999", "--parameters", "1-4,Tair"});
     EXPECT_EQ(o.vpdColumn, 4);
     EXPECT_EQ(o.parColumn, 5);
-    EXPECT_EQ(o.vpdLimit, "0.1");
-    EXPECT_EQ(o.parLimit, "-1");
-    EXPECT_EQ(o.lullTime, "6");
+    EXPECT_EQ(o.zeroFlow.vpdLimit, 0.1F);
+    EXPECT_EQ(o.zeroFlow.parLimit, -1.0F);
+    EXPECT_EQ(o.zeroFlow.lullTime, 6);
     EXPECT_EQ(o.blank, -9999);
     EXPECT_EQ(o.parameters, "1-4,Tair");
 }

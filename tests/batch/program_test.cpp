@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <filesystem>
 #include <fstream>
+#include <set>
 #include <sstream>
 #include <string>
 
@@ -66,6 +67,22 @@ TEST_F(BatchProgram, exitsWithTwoForAWrongCommandLineAndOneForDataItCannotUse)
     EXPECT_EQ(run("--version"), 0);
 }
 
+TEST_F(BatchProgram, aSummaryThatNobodyCanReadIsAFaultAndTheFileIsThere)
+{
+    const std::string arguments = sample + " -o " + path("out.csv") + " --vpd-column 4 --parameters 1-5";
+    const auto statusWith = [&](const std::string& redirection) {
+        fs::remove(folder / "out.csv");
+        const int status =
+            std::system((TARVELINT_BATCH " " + arguments + " " + redirection + " 2>" + path("stderr")).c_str());
+        EXPECT_TRUE(fs::exists(folder / "out.csv"));
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    };
+    EXPECT_EQ(statusWith(">/dev/full"), 1);
+    EXPECT_NE(content("stderr").find("summary cannot be written"), std::string::npos);
+    EXPECT_EQ(statusWith(">&-"), 1);
+    EXPECT_EQ(statusWith("--quiet >/dev/full"), 0);
+}
+
 TEST_F(BatchProgram, givesTheSameBytesUnderAnyLocaleButForTheDate)
 {
     const std::string arguments = " --vpd-column 4 --layers unconverted,converted --no-header";
@@ -122,6 +139,36 @@ TEST_F(BatchProgram, refusesToReplaceWhatIsNoRegularFile)
     EXPECT_TRUE(fs::is_fifo(folder / "pipe"));
 }
 
+TEST_F(BatchProgram, namesThatAreNotUtf8AreReadAndWrittenAsTheyStand)
+{
+    const std::string input = "M\xE4rz.csv"; // in Latin-1
+    const std::string output = "Saftflu\xDF.csv";
+    fs::copy_file(sample, folder / input);
+    for (const char* time : {"created", "replaced"}) {
+        ASSERT_EQ(run(path(input) + " -o " + path(output) + " --vpd-column 4"), 0) << time << content("stderr");
+        EXPECT_EQ(content(output).rfind("Tarvelint output: ", 0), 0U) << time;
+        std::set<std::string> names;
+        for (const auto& entry : fs::directory_iterator(folder)) names.insert(entry.path().filename().native());
+        EXPECT_EQ(names, (std::set<std::string>{input, output, "stdout", "stderr"})) << time;
+        std::ofstream(folder / output) << "what the second run is to replace";
+    }
+    // What it cannot use it names by the same bytes.
+    fs::remove(folder / input);
+    EXPECT_EQ(run(path(input) + " -o " + path(output)), 1);
+    EXPECT_NE(content("stderr").find(input), std::string::npos) << content("stderr");
+}
+
+TEST_F(BatchProgram, aLinkInALinkedFolderLeadsWhereTheSystemSays)
+{
+    fs::create_directories(folder / "deep" / "2024");
+    fs::create_symlink("../out.csv", folder / "deep" / "2024" / "link.csv");
+    fs::create_directory_symlink("deep/2024", folder / "season");
+    std::ofstream(folder / "out.csv") << "precious"; // beside "season", and not above what it leads to
+    ASSERT_EQ(run(sample + " -o " + path("season/link.csv") + " --vpd-column 4"), 0) << content("stderr");
+    EXPECT_EQ(content("out.csv"), "precious");
+    EXPECT_EQ(content("deep/out.csv").rfind("Tarvelint output: ", 0), 0U);
+}
+
 TEST_F(BatchProgram, theMeasuredRecordsGoThrough)
 {
     const fs::path data = fs::path(TARVELINT_SOURCE_DIR) / ".." / "shared" / "data";
@@ -131,8 +178,11 @@ TEST_F(BatchProgram, theMeasuredRecordsGoThrough)
     EXPECT_EQ(content("stdout").rfind("dV_N13: ", 0), 0U) << content("stdout");
     ASSERT_EQ(run((data / "spruce_15min_2013.csv").string() + " -o " + path("b.csv") + " --vpd-column 4"), 0);
     EXPECT_NE(content("b.csv").find(",5 columns,35039 rows each,"), std::string::npos);
-    ASSERT_EQ(run((data / "hourly_2014_no_weather.csv").string() + " -o " + path("c.csv") + " --vpd-column 4"), 0);
-    EXPECT_EQ(content("stdout"), "dT_c1: 0 points, 0 rows converted, 166 rows missing\n");
+    ASSERT_EQ(run((data / "hourly_2014_no_weather.csv").string() + " -o " + path("c.csv") + " --vpd-column 4"), 1);
+    EXPECT_EQ(content("stdout"),
+              "dT_c1: 0 points, 0 rows converted, 735 readings left unconverted, 166 rows missing\n");
+    EXPECT_NE(content("stderr").find("the lowest VPD is missing throughout"), std::string::npos) << content("stderr");
+    EXPECT_NE(content("c.csv").find("901 rows each"), std::string::npos);
 }
 
 } // namespace

@@ -119,18 +119,6 @@ TEST(Headerless, statusTextsAndRowNumbersAreTold)
     EXPECT_THAT(loaded.progress.rows, ElementsAre(1, 2));
 }
 
-TEST(Headerless, whatTheWindowSetIsLeftAlone)
-{
-    DataSet data;
-    data.saveCheck = false;
-    data.dateCol = 3;
-    data.fileDelimiter = "\t";
-    const auto loaded = load("1,2\n", ',', std::move(data));
-    EXPECT_FALSE(loaded.data.saveCheck);
-    EXPECT_EQ(loaded.data.dateCol, 3);
-    EXPECT_EQ(loaded.data.fileDelimiter, "\t");
-}
-
 TEST(Headerless, aSecondLoadIntoTheSameDataSetLeavesNothingOfTheFirst)
 {
     auto first = load("1,2,3\n4,5,6\n7,8,9\n");

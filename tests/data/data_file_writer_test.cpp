@@ -111,6 +111,54 @@ TEST(WriteDataFile, labelsGoOutByteForByte)
     EXPECT_THAT(written(data, choices), StartsWith("H\xF6he, \xC3\xB6 x,\r\n"));
 }
 
+/// The labels line of a file that holds them and one row.
+std::string labelsLine(const Labels& labels, char delimiter)
+{
+    DataSet data = record({Column(labels.size(), 1)});
+    data.labels = labels;
+    SaveChoices choices = only(kUnconverted);
+    choices.labels = true;
+    const std::string text = written(data, choices, delimiter);
+    return text.substr(0, text.find("\r\n"));
+}
+
+TEST(WriteLabels, aDelimiterInsideALabelBecomesAnUnderscore)
+{
+    const Labels labels = {"T air", "a,b", "x\ty", ",,"};
+    EXPECT_EQ(labelsLine(labels, ','), "T air,a_b,x\ty,__,");
+    EXPECT_EQ(labelsLine(labels, '\t'), "T air\ta,b\tx_y\t,,\t");
+    EXPECT_EQ(labelsLine(labels, ' '), "T_air a,b x\ty ,, ");
+}
+
+TEST(WriteLabels, anEmptyLabelIsTheColumnsNumberWhereDelimitersCountInRuns)
+{
+    const Labels labels = {"", "S2", ""};
+    EXPECT_EQ(labelsLine(labels, ','), ",S2,,");
+    EXPECT_EQ(labelsLine(labels, '\t'), "1\tS2\t3\t");
+    EXPECT_EQ(labelsLine(labels, ' '), "1 S2 3 ");
+}
+
+TEST(WriteLabels, aLineFeedOrNulInsideALabelBecomesAnUnderscore)
+{
+    EXPECT_EQ(labelsLine({"a\nb", "c\r\nd", std::string("e\0f", 3)}, ','), "a_b,c\r_d,e_f,");
+}
+
+TEST(WriteLabels, otherControlCharactersGoBackAsTheyCame)
+{
+    const std::string text = "a\rb,\x01,\x7F\x1B,\v\f,";
+    EXPECT_EQ(labelsLine(load(text + "\n1,2,3,4,\n").data.labels, ','), text);
+}
+
+TEST(WriteLabels, theWindowsOwnLabelsStay)
+{
+    DataSet data = record({{1, 2}});
+    data.labels = {"a,b", ""};
+    SaveChoices choices;
+    choices.labels = true;
+    static_cast<void>(written(data, choices));
+    EXPECT_EQ(data.labels, (Labels{"a,b", ""}));
+}
+
 TEST(WriteDataFile, aHeaderWithoutLabelsSaysSoAndHasNone)
 {
     SaveChoices choices = only(kUnconverted);
@@ -204,6 +252,19 @@ TEST(WriteDataFile, aLongRecordGoesOutInPieces)
     EXPECT_LE(sink.largestPiece, 256U << 10U);
 }
 
+TEST(WriteDataFile, noNumberIsCutWhereOnePieceEnds)
+{
+    // A line takes 24 bytes, which do not divide a piece: the number at its end would not fit.
+    DataSet data;
+    data.allocate(1, 50000);
+    std::string expected;
+    for (std::int32_t row = 0; row < data.lines; ++row) {
+        data.values(kUnconverted, 0, row) = -1.23456789012345e-7;
+        expected += "-1.23456789012345E-07,\r\n";
+    }
+    EXPECT_EQ(written(data, only(kUnconverted)), expected + "\r\n");
+}
+
 // ---- written and read again
 
 class RoundTrip : public testing::TestWithParam<int> {
@@ -224,6 +285,15 @@ protected:
         case 3: return static_cast<double>(pick(200) - 100);
         default: return std::stod(std::to_string(mantissa) + 'e' + std::to_string(pick(500) - 250));
         }
+    }
+
+    /// Any bytes that steer the reading somewhere, blanks at the ends and nothing at all included.
+    std::string label()
+    {
+        constexpr std::string_view kLetters("aS1. ,\t\r\n\0_\xF6\"'", 14);
+        std::string text;
+        for (int length = pick(4); length > 0; --length) text += kLetters[static_cast<std::size_t>(pick(13))];
+        return text;
     }
 
     DataSet randomRecord()
@@ -284,6 +354,28 @@ TEST_P(RoundTrip, withoutHeaderGivesTheSameReadings)
     ASSERT_EQ(back.data.lines, data.lines + 1); // the empty line behind the block is a row
     EXPECT_EQ(back.data.labels, data.labels);
     expectSameLayer(data, back.data, kUnconverted);
+}
+
+TEST_P(RoundTrip, aLabelOfAnyKindKeepsToItsColumn)
+{
+    DataSet data = randomRecord();
+    for (auto& text : data.labels) text = label();
+    data.labels.front() = "Day"; // a line of numbers only would be a row
+    SaveChoices choices = only(kUnconverted);
+    choices.labels = true;
+    choices.header = toss();
+    for (const char delimiter : {',', '\t', ' '}) {
+        const auto back = load(written(data, choices, delimiter), delimiter, settings(data.blank), data.blank);
+        ASSERT_EQ(back.data.columns, data.columns);
+        expectSameLayer(data, back.data, kUnconverted);
+        for (std::size_t c = 0; c < data.labels.size(); ++c) {
+            std::string expected = data.labels[c];
+            for (char& letter : expected)
+                if (letter == delimiter || letter == '\n' || letter == 0) letter = '_';
+            if (expected.empty() && delimiter != ',') expected = std::to_string(c + 1);
+            EXPECT_EQ(back.data.labels[c], expected);
+        }
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(Records, RoundTrip, testing::Range(1, 101));

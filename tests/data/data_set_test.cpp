@@ -38,8 +38,6 @@ TEST(DataSet, aFreshWindowHoldsNoData)
     EXPECT_EQ(data.lines, 0);
     EXPECT_TRUE(data.labels.empty());
     EXPECT_TRUE(data.lullFlags.empty());
-    EXPECT_TRUE(data.filePath.empty());
-    EXPECT_TRUE(data.fileDelimiter.empty());
     EXPECT_FALSE(data.hasColumn(0));
     EXPECT_FALSE(data.hasRow(0));
 }
@@ -49,9 +47,6 @@ TEST(DataSet, aFreshWindowHoldsTheDefaults)
     const DataSet data;
     EXPECT_EQ(data.blank, 99999);
     EXPECT_FALSE(data.zeroOut);
-    EXPECT_TRUE(data.saveCheck);
-    EXPECT_EQ(data.dateCol, 1);
-    EXPECT_EQ(data.timeCol, 2);
 }
 
 TEST(DataSet, aFileOfOneColumnAndOneRowHasOneCellInEachLayer)

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "data/file_format.h"
 
+#include "record_fixture.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -107,7 +109,7 @@ TEST(ParseHeader, readsEveryItem)
 {
     const FileHeader read =
         parseHeader(header("unconverted-baseline", "3 columns", "10 rows each", "with labels", "blank='-77'"), ',');
-    EXPECT_EQ(read.layerCode, 6);
+    EXPECT_EQ(read.layers, layersOf(6));
     EXPECT_EQ(read.columns, 3);
     EXPECT_EQ(read.rows, 10);
     EXPECT_TRUE(read.withLabels);
@@ -115,7 +117,7 @@ TEST(ParseHeader, readsEveryItem)
     EXPECT_EQ(read.blank, -77);
 }
 
-TEST(ParseHeader, sumsTheLayerWords)
+TEST(ParseHeader, findsTheLayerWords)
 {
     const std::vector<std::pair<std::string, int>> table{{"converted", 1},
                                                          {"baseline", 2},
@@ -124,18 +126,19 @@ TEST(ParseHeader, sumsTheLayerWords)
                                                          {"unconverted-converted", 5},
                                                          {"unconverted-baseline", 6},
                                                          {"unconverted-baseline-converted", 7}};
-    for (const auto& [layers, code] : table) EXPECT_EQ(parseHeader(header(layers), ',').layerCode, code) << layers;
+    for (const auto& [layers, code] : table)
+        EXPECT_EQ(parseHeader(header(layers), ',').layers, layersOf(code)) << layers;
 }
 
 TEST(ParseHeader, searchesEachLayerWordBehindTheOneBefore)
 {
-    EXPECT_EQ(parseHeader(header("converted-baseline"), ',').layerCode, 2);
-    EXPECT_EQ(parseHeader(header("baseline-unconverted"), ',').layerCode, 4);
+    EXPECT_EQ(parseHeader(header("converted-baseline"), ',').layers, layersOf(2));
+    EXPECT_EQ(parseHeader(header("baseline-unconverted"), ',').layers, layersOf(4));
 }
 
 TEST(ParseHeader, isCaseSensitive)
 {
-    EXPECT_EQ(parseHeader(header("Unconverted"), ',').layerCode, 1); // only the "converted" inside
+    EXPECT_EQ(parseHeader(header("Unconverted"), ',').layers, layersOf(1)); // only the "converted" inside
     EXPECT_EQ(refusal(header("UNCONVERTED")), "no U-B-C info in the header!");
 }
 
@@ -180,6 +183,7 @@ TEST(ParseHeader, countsAreReadWithoutDelimitersBlanksAndGroupingCommas)
 {
     EXPECT_EQ(parseHeader(header("converted", "1,024 columns", "1,000,000 rows"), ',').columns, 1024);
     EXPECT_EQ(parseHeader(header("converted", "1,024 columns", "1,000,000 rows"), ',').rows, 1000000);
+    EXPECT_EQ(parseHeader(header("converted", "3\tcolumns", "1\t000 rows"), ',').rows, 1000);
     EXPECT_EQ(parseHeader("Tarvelint\tconverted\t 3 columns\t\t4  rows\twith\tblank='.'", '\t').columns, 3);
     EXPECT_EQ(parseHeader("Tarvelint converted  3  columns  4  rows  with  blank='.'", ' ').rows, 4);
 }
@@ -225,6 +229,7 @@ TEST(ParseHeader, aLongOrUnprintableCountIsShownShort)
     EXPECT_THAT(refusal(header("converted", std::string(500, '9') + " columns")),
                 HasSubstr('"' + std::string(40, '9') + "...\""));
     EXPECT_THAT(refusal(header("converted", "\x01 columns")), HasSubstr("\"?\""));
+    EXPECT_THAT(refusal(header("converted", "f\xC3\xBCnf columns")), HasSubstr("\"f\xC3\xBCnf\""));
 }
 
 TEST(ParseHeader, withoutGoesBeforeWith)
@@ -338,7 +343,7 @@ TEST(ComposeHeader, isReadBackForEveryChoiceAndDelimiter)
             SaveChoices choices = choose((code & 4) != 0, (code & 2) != 0, (code & 1) != 0);
             choices.labels = code % 2 == 0;
             const FileHeader read = parseHeader(compose(choices, delimiter), delimiter);
-            EXPECT_EQ(read.layerCode, code);
+            EXPECT_EQ(read.layers, layersOf(code));
             EXPECT_EQ(read.columns, 1024);
             EXPECT_EQ(read.rows, 48000);
             EXPECT_EQ(read.withLabels, choices.labels);
@@ -353,8 +358,7 @@ using Block = std::tuple<int, std::int64_t, bool, bool>; // layer, skipLines, fi
 std::vector<Block> blocks(int code, std::int32_t lines, bool withLabels)
 {
     std::vector<Block> found;
-    const auto reads = layerReads(code, lines, withLabels);
-    for (const LayerRead& read : reads.value())
+    for (const LayerRead& read : layerReads(layersOf(code), lines, withLabels))
         found.emplace_back(read.layer, read.skipLines, read.fillBase, read.fillOut);
     return found;
 }
@@ -385,11 +389,10 @@ TEST(LayerReads, lineNumbersDoNotOverflow)
     EXPECT_THAT(blocks(7, 2147483647, true).back(), (Block{3, 4294967300, false, false}));
 }
 
-TEST(LayerReads, aCodeOutsideOneToSevenHasNone)
+TEST(LayerReads, noLayerAtAllIsAFault)
 {
-    EXPECT_FALSE(layerReads(0, 10, true).has_value());
-    EXPECT_FALSE(layerReads(8, 10, true).has_value());
-    EXPECT_FALSE(layerReads(-1, 10, true).has_value());
+    EXPECT_THAT([] { static_cast<void>(layerReads({}, 10, true)); },
+                testing::ThrowsMessage<FormatFault>("Wow, where did that i go?!?"));
 }
 
 } // namespace

@@ -76,11 +76,11 @@ TEST(WithHeader, layersAreReadAndFilledAsTheLayerCodeSays)
         }
 }
 
-TEST(WithHeader, theLayersTheFileHeldAreToldAsACode)
+TEST(WithHeader, theLayersTheFileHeldAreTold)
 {
-    EXPECT_EQ(loadLayers("baseline-converted", true).layerCode, 3);
-    EXPECT_EQ(loadLayers("unconverted-converted", false).layerCode, 5);
-    EXPECT_EQ(load("1,2\n").layerCode, 4); // a plain table holds readings only
+    EXPECT_EQ(loadLayers("baseline-converted", true).layers, (LayerSet{.baseline = true, .converted = true}));
+    EXPECT_EQ(loadLayers("unconverted-converted", false).layers, (LayerSet{.unconverted = true, .converted = true}));
+    EXPECT_EQ(load("1,2\n").layers, LayerSet{.unconverted = true}); // a plain table holds readings only
 }
 
 TEST(WithHeader, zeroOutFillsAnAbsentConvertedLayerWithZero)
@@ -203,11 +203,41 @@ TEST(WithHeader, moreRowsThanTheFileHasBytesNameTheFile)
                 HasSubstr("\"record.csv\" is shorter than its header says: 2000000000 rows"));
 }
 
+TEST(WithHeader, asManyRowsAsTheFileHasBytesAreTheMost)
+{
+    const std::string text = header("unconverted", 1, 500) + "a\n";
+    const auto filledUpTo = [&](std::size_t bytes) { return text + std::string(bytes - text.size(), '\n'); };
+    EXPECT_EQ(refusal(filledUpTo(500)), "");
+    EXPECT_THAT(refusal(filledUpTo(499)), HasSubstr("is shorter than its header says: 500 rows"));
+}
+
 TEST(WithHeader, aGridThatNoMemoryHoldsNamesTheFile)
 {
     // 2,000,000 empty rows of 32,767 columns: 65,534,000,000 cells.
     EXPECT_THAT(refusal(header("unconverted", 32767, 2000000) + std::string(2000001, '\n')),
                 HasSubstr("\"record.csv\" does not fit into memory."));
+}
+
+/// All three layers of a record whose rows are empty lines, so that no cell is written; made up to `bytes` with more of
+/// such lines.
+std::string emptyRows(int columns, int rows, std::size_t bytes = 0)
+{
+    std::string text = header("unconverted-baseline-converted", columns, rows);
+    text.append(3U * (static_cast<std::size_t>(rows) + 2), '\n');
+    if (text.size() < bytes) text.append(bytes - text.size(), '\n');
+    return text;
+}
+
+TEST(WithHeader, aGridOf16777216CellsMayStandInAFileOfAnySize)
+{
+    EXPECT_EQ(refusal(emptyRows(1024, 16384)), "");                                         // 2^24 cells
+    EXPECT_THAT(refusal(emptyRows(257, 65281)), HasSubstr("\" does not fit into memory.")); // 2^24 + 1
+}
+
+TEST(WithHeader, aLargerGridNeedsOneByteForFiveCells)
+{
+    EXPECT_EQ(refusal(emptyRows(1000, 20000, 4'000'000)), "");
+    EXPECT_THAT(refusal(emptyRows(1000, 20000, 3'999'999)), HasSubstr("\" does not fit into memory."));
 }
 
 TEST(WithHeader, memoryThatRunsOutBecomesAFault)
@@ -221,7 +251,9 @@ TEST(WithHeader, memoryThatRunsOutBecomesAFault)
 
 TEST(WithHeader, moreThan32767DelimitersInTheFirstRowNameTheirLine)
 {
-    EXPECT_THAT(refusal('\n' + header("unconverted", 3, 1, "without labels") + std::string(32768, ',') + '\n'),
+    const std::string top = '\n' + header("unconverted", 3, 1, "without labels");
+    EXPECT_EQ(load(top + std::string(32767, ',') + '\n').data.columns, 32767);
+    EXPECT_THAT(refusal(top + std::string(32768, ',') + '\n'),
                 HasSubstr("\"record.csv\" has 32768 delimiters in line 3, and 32,767 columns is the most"));
 }
 

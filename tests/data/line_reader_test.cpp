@@ -267,6 +267,13 @@ TEST(LineReader, aNulByteNamesFileAndLine)
                 HasSubstr("|\"record.csv\" is not a text file: line 3 holds a NUL byte."));
 }
 
+TEST(LineReader, aNulByteFarBeforeTheEndOfItsLineIsSeen)
+{
+    // The rest of the line comes in further chunks, without a NUL.
+    EXPECT_THAT(refusalOfLines(std::string("a\0", 2) + std::string(2 * kChunk, 'x') + "\nb\n"),
+                HasSubstr("line 1 holds a NUL byte"));
+}
+
 TEST(LineReader, utf16IsNoTextFile)
 {
     using namespace std::string_literals;

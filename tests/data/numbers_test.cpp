@@ -64,6 +64,8 @@ TEST(LeadingNumber, givesAnInfinityForWhatIsTooLarge)
     EXPECT_EQ(leadingNumber("1E400"), kInfinity);
     EXPECT_EQ(leadingNumber("-1E400x"), -kInfinity);
     EXPECT_EQ(leadingNumber("1E-400"), 0);
+    EXPECT_EQ(leadingNumber("-1E99999999999999999999"), -kInfinity);
+    EXPECT_EQ(leadingNumber("1E-99999999999999999999"), 0);
 }
 
 // What counts as a number
@@ -170,6 +172,9 @@ TEST(NumericValue, isRoundedCorrectlyAtTheEdges)
     EXPECT_EQ(numericValue(tooLarge + "E-309"), 1.0);
     EXPECT_EQ(numericValue("0." + std::string(400, '0') + "1E401"), 1.0);
     EXPECT_EQ(numericValue("0." + std::string(400, '0') + "1"), 0.0);
+    EXPECT_EQ(numericValue("0." + std::string(400, '0') + "1E+9"), 0.0);
+    EXPECT_EQ(numericValue(std::string(400, '0') + "1E-400"), 0.0);
+    EXPECT_EQ(numericValue(tooLarge + ".5E-0"), std::nullopt);
 }
 
 // Rounding into narrower fields
@@ -180,6 +185,8 @@ TEST(RoundToInteger, takesTheNearestHalvesToEven)
                                                        {-1.5, -2}, {-2.5, -2}, {2.51, 3},      {2.49, 2},
                                                        {-7, -7},   {0.05, 0},  {1234.5, 1234}, {1235.5, 1236}};
     for (const auto& [value, nearest] : cases) {
+        EXPECT_EQ(roundedToInt16(value), nearest) << value;
+        EXPECT_EQ(roundedToInt32(value), nearest) << value;
         EXPECT_EQ(roundToInt16(value), nearest) << value;
         EXPECT_EQ(roundToInt32(value), nearest) << value;
     }
@@ -191,6 +198,8 @@ TEST(RoundToInteger, checksTheRangeAfterRounding)
     EXPECT_EQ(roundToInt16(-32768.5), -32768); // half to even stays inside
     EXPECT_EQ(roundToInt32(2147483647.4), 2147483647);
     EXPECT_EQ(roundToInt32(-2147483648.5), std::numeric_limits<std::int32_t>::min());
+    EXPECT_EQ(roundedToInt16(32767.5), std::nullopt);
+    EXPECT_EQ(roundedToInt32(2147483647.5), std::nullopt);
     EXPECT_THROW(static_cast<void>(roundToInt16(32767.5)), NumericOverflow);
     EXPECT_THROW(static_cast<void>(roundToInt16(-32768.6)), NumericOverflow);
     EXPECT_THROW(static_cast<void>(roundToInt32(2147483647.5)), NumericOverflow);
@@ -200,6 +209,8 @@ TEST(RoundToInteger, checksTheRangeAfterRounding)
 TEST(RoundToInteger, refusesWhatIsNotFinite)
 {
     for (const double value : {kInfinity, -kInfinity, kNan, DBL_MAX}) {
+        EXPECT_EQ(roundedToInt16(value), std::nullopt);
+        EXPECT_EQ(roundedToInt32(value), std::nullopt);
         EXPECT_THROW(static_cast<void>(roundToInt16(value)), NumericOverflow);
         EXPECT_THROW(static_cast<void>(roundToInt32(value)), NumericOverflow);
     }
@@ -229,8 +240,10 @@ TEST(ToFloat32, takesTheNearestFloat)
 
 TEST(ToFloat32, refusesWhatIsTooLargeOrNotFinite)
 {
-    for (const double value : {0x1.ffffffp127, -0x1.ffffffp127, 3.5e38, DBL_MAX, kInfinity, -kInfinity, kNan})
+    for (const double value : {0x1.ffffffp127, -0x1.ffffffp127, 3.5e38, DBL_MAX, kInfinity, -kInfinity, kNan}) {
+        EXPECT_EQ(roundedToFloat32(value), std::nullopt) << value;
         EXPECT_THROW(static_cast<void>(toFloat32(value)), NumericOverflow) << value;
+    }
 }
 
 } // namespace

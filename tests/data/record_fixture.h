@@ -46,6 +46,12 @@ inline DataSet settings(std::int32_t blank, bool zeroOut = false)
     return data;
 }
 
+/// Layers as their codes in files and tables name them: unconverted 4, baseline 2, converted 1, summed.
+inline LayerSet layersOf(int code)
+{
+    return {.unconverted = (code & 4) != 0, .baseline = (code & 2) != 0, .converted = (code & 1) != 0};
+}
+
 /// One layer of one column, top to bottom.
 inline Column columnOf(const DataSet& data, int layer, std::int32_t column0)
 {
@@ -67,7 +73,7 @@ struct Loaded {
     RecordingProgress progress;
     bool hadHeader = false;
     bool hadLabelsLine = false;
-    int layerCode = 0;
+    LayerSet layers;
     std::string warning;
     int settingAsked = 0;
 
@@ -86,7 +92,7 @@ inline Loaded load(std::istream& stream, char delimiter, DataSet settings = {}, 
     reader.load();
     loaded.hadHeader = reader.hadHeader();
     loaded.hadLabelsLine = reader.hadLabelsLine();
-    loaded.layerCode = reader.layerCode();
+    loaded.layers = reader.layers();
     loaded.warning = reader.warning();
     return loaded;
 }

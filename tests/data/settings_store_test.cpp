@@ -11,6 +11,8 @@ namespace {
 
 using testing::ElementsAre;
 
+constexpr Geometry kFirstPlace{1000, 1000, 6500, 6500};
+
 MemorySettings storeWith(const std::string& key, const std::string& text)
 {
     MemorySettings store;
@@ -47,7 +49,7 @@ TEST(SettingsStore, aFirstRunGivesTheDefaults)
     MemorySettings empty;
     const WindowSettings settings = readWindowSettings(empty);
     EXPECT_EQ(settings.zoomFactor, 1);
-    EXPECT_EQ(settings.geometry, (Geometry{1000, 1000, 6500, 6500}));
+    EXPECT_EQ(settings.geometry, kFirstPlace);
     EXPECT_EQ(settings.date, 1);
     EXPECT_EQ(settings.time, 2);
     EXPECT_EQ(settings.equation, "119*((B/X)-1)^1.23");
@@ -142,10 +144,10 @@ TEST(SettingsStore, aColumnNumberThatDoesNotConvertOrOverflows16BitsTakesItsDefa
 TEST(SettingsStore, aGeometryThatDoesNotConvertOrOverflowsAFloatTakesItsDefault)
 {
     for (const char* text : {"wide", "", "3.5E38", "-3.5E38"}) {
-        EXPECT_EQ(windowSettingsWith("MainLeft", text).geometry, Geometry{}) << text;
-        EXPECT_EQ(windowSettingsWith("MainTop", text).geometry, Geometry{}) << text;
-        EXPECT_EQ(windowSettingsWith("MainWidth", text).geometry, Geometry{}) << text;
-        EXPECT_EQ(windowSettingsWith("MainHeight", text).geometry, Geometry{}) << text;
+        EXPECT_EQ(windowSettingsWith("MainLeft", text).geometry, kFirstPlace) << text;
+        EXPECT_EQ(windowSettingsWith("MainTop", text).geometry, kFirstPlace) << text;
+        EXPECT_EQ(windowSettingsWith("MainWidth", text).geometry, kFirstPlace) << text;
+        EXPECT_EQ(windowSettingsWith("MainHeight", text).geometry, kFirstPlace) << text;
     }
     EXPECT_EQ(windowSettingsWith("MainLeft", "-1234.5").geometry.left, -1234.5F);
 }
@@ -184,6 +186,23 @@ TEST(SettingsStore, theColumnSetUpHasItsOwnDefaults)
     EXPECT_EQ(settings.parLimit, "0.01");
     EXPECT_EQ(settings.vpdLimit, "0.05");
     EXPECT_EQ(settings.lullTime, "3");
+}
+
+TEST(SettingsStore, theOptionsDialogHasOtherDefaultsForTwoOfThem)
+{
+    AskedDefaults store;
+    for (const Setting setting : {Setting::PAR, Setting::VPD, Setting::PARlimit, Setting::VPDlimit, Setting::lullTime})
+        static_cast<void>(readSetting(store, setting));
+    EXPECT_THAT(store.asked, ElementsAre("PAR=3", "VPD=11", "PARlimit=0.05", "VPDlimit=0.05", "lullTime=4"));
+}
+
+TEST(SettingsStore, aStoredTextGoesBeforeEitherDefault)
+{
+    MemorySettings store;
+    writeSetting(store, Setting::lullTime, "12");
+    EXPECT_THAT(store.log, ElementsAre("write lullTime=12"));
+    EXPECT_EQ(readSetting(store, Setting::lullTime), "12");
+    EXPECT_EQ(readPreProcessSettings(store).lullTime, "12");
 }
 
 TEST(SettingsStore, theColumnSetUpShowsStoredTextsUntouched)

@@ -16,7 +16,7 @@ SKIPPED = 77  # what the test's registration takes for "skipped"
 
 
 class MeasuredRecords(DeskTest):
-    def work_through(self, name, rows):
+    def work_through(self, name, rows, status=0):
         """Open, pre-process, save; the saved file is the one that comes of the same choices without a window."""
         source = os.path.join(FOLDER, name)
         program, window = self.start_to_window()
@@ -29,7 +29,7 @@ class MeasuredRecords(DeskTest):
         session.save_file(program, saved)
         program.window(f"Tarvelint: {saved}")
         unattended = self.in_folder("batch.csv")
-        session.batch(source, unattended, parameters=4, vpd_column=4)
+        session.batch(source, unattended, parameters=4, vpd_column=4, status=status)
         self.assert_same_record(saved, unattended)
         return program, window
 
@@ -68,7 +68,8 @@ class MeasuredRecords(DeskTest):
         self.close(program)
 
     def test_a_record_without_weather(self):
-        program, _ = self.work_through("hourly_2014_no_weather.csv", 901)
+        program, window = self.work_through("hourly_2014_no_weather.csv", 901, status=1)
+        self.assertEqual(window.cue("Display"), "Viewing intput data, no zero flow found")
         self.close(program)
 
 

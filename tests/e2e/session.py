@@ -164,10 +164,11 @@ def resize(window, width, height):
     wait_for(f"a window of {width} x {height}", lambda: window.box[2:] == (width, height))
 
 
-def batch(source, target, parameters, vpd_column):
-    """The same work without a window."""
-    subprocess.run([BATCH, source, "-o", target, "--quiet", "--vpd-column", str(vpd_column), "--parameters",
-                    f"1-{parameters}"], check=True, timeout=LIMIT)
+def batch(source, target, parameters, vpd_column, status=0):
+    """The same work without a window; `status` is 1 for a record in which nothing can be converted."""
+    done = subprocess.run([BATCH, source, "-o", target, "--quiet", "--vpd-column", str(vpd_column), "--parameters",
+                           f"1-{parameters}"], timeout=LIMIT)
+    assert done.returncode == status, f"exit status {done.returncode}"
 
 
 def readings(path):

@@ -30,8 +30,8 @@ public:
     }
     void select(std::int32_t first, std::int32_t last)
     {
-        selStart = first;
-        selEnd = last;
+        view.selStart = first;
+        view.selEnd = last;
     }
     void saveRows(std::int32_t column, std::int32_t first, std::int32_t last)
     {
@@ -69,9 +69,9 @@ TEST(Undo, restoresAllThreeLayersOfTheSavedRows)
 TEST(Undo, restoresTheColumnItWasTakenFromNotTheOneOnView)
 {
     UndoWindow window;
-    window.curCol = 3;
+    window.choose(3);
     window.saveRows(3, 0, 4);
-    window.curCol = 5;
+    window.choose(5);
     window.wipe();
     window.undo.mnuEditUndo_Click();
     EXPECT_EQ(window.column(kUnconverted, 3), (Column{130, 131, 132, 133, 134}));
@@ -93,22 +93,22 @@ TEST(Undo, theRestoredRowsBecomeTheSelection)
     window.saveRows(0, 1, 3);
     window.select(4, 4);
     window.undo.mnuEditUndo_Click();
-    EXPECT_EQ(window.selStart, 1);
-    EXPECT_EQ(window.selEnd, 3);
+    EXPECT_EQ(window.view.selStart, 1);
+    EXPECT_EQ(window.view.selEnd, 3);
 }
 
 TEST(Undo, baselinePointsAndLullsAreNoPartOfIt)
 {
     UndoWindow window;
-    window.basePoints.allocate(1, 5);
-    window.basePoints.set(0, 1, true);
+    window.sensors.assign({0}, 5);
+    window.sensors.setPoint(0, 1, true);
     window.saveRows(0, 0, 4);
-    window.basePoints.set(0, 1, false);
-    window.basePoints.set(0, 2, true);
+    window.sensors.setPoint(0, 1, false);
+    window.sensors.setPoint(0, 2, true);
     window.data.lullFlags[3] = true;
     window.undo.mnuEditUndo_Click();
-    EXPECT_FALSE(window.basePoints(0, 1));
-    EXPECT_TRUE(window.basePoints(0, 2));
+    EXPECT_FALSE(window.sensors.isPoint(0, 1));
+    EXPECT_TRUE(window.sensors.isPoint(0, 2));
     EXPECT_TRUE(window.data.lullFlags[3]);
 }
 
@@ -151,7 +151,7 @@ TEST(Undo, withoutACopyNothingHappens)
     UndoWindow window;
     window.select(1, 2);
     window.undo.mnuEditUndo_Click();
-    EXPECT_EQ(window.selStart, 1);
+    EXPECT_EQ(window.view.selStart, 1);
     EXPECT_TRUE(window.data.saveCheck);
     EXPECT_TRUE(window.calls.empty());
 }
@@ -225,8 +225,8 @@ TEST(Undo, rowsOutsideTheDataAreNotCopied)
     window.wipe();
     window.undo.mnuEditUndo_Click();
     EXPECT_EQ(window.column(kUnconverted, 0), (Column{100, 101, 102, 103, 104}));
-    EXPECT_EQ(window.selStart, 0);
-    EXPECT_EQ(window.selEnd, 4);
+    EXPECT_EQ(window.view.selStart, 0);
+    EXPECT_EQ(window.view.selEnd, 4);
 }
 
 TEST(Undo, aCopyOfRowsPastTheDataHasNoCellsAndUndoingItChangesNothing)
@@ -238,8 +238,8 @@ TEST(Undo, aCopyOfRowsPastTheDataHasNoCellsAndUndoingItChangesNothing)
     window.wipe();
     window.undo.mnuEditUndo_Click();
     EXPECT_EQ(window.column(kUnconverted, 0), Column(5, 0));
-    EXPECT_EQ(window.selStart, 4);
-    EXPECT_EQ(window.selEnd, 4);
+    EXPECT_EQ(window.view.selStart, 4);
+    EXPECT_EQ(window.view.selEnd, 4);
     EXPECT_TRUE(window.data.saveCheck);
     EXPECT_TRUE(window.cantUndo());
 }

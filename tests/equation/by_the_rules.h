@@ -2,6 +2,7 @@
 #pragma once
 
 #include "data/numbers.h"
+#include "equation/equation.h"
 
 #include <cmath>
 #include <functional>
@@ -10,16 +11,23 @@
 
 namespace tarvelint::test {
 
-/// The evaluator's rules once more, one after the other as a person would tell them: recursive, on copies of the text,
-/// with no thought of time. What the program gives is held against it.
+/// A fault that outlives the equation.
+struct KeptFault {
+    FaultKind kind = FaultKind::divisionByZero;
+    double left = 0;
+    double right = 0;
+    std::string divisor;
+};
+
+/// The equation's rules once more, one after the other as a person would tell them: recursive, on copies of the text
+/// that are split anew for every value, with no thought of time. What the program gives is held against it.
 class ByTheRules {
 public:
     double blank = 99999;
     bool baselineIsHigh = true;
-    int row = 0;
     bool stopped = false;
-    /// Shows a message; False for Cancel.
-    std::function<bool(const std::string& prompt)> ask;
+    /// Says what could not be computed; False for Cancel.
+    std::function<bool(const KeptFault& fault)> ask;
 
     double convert(std::string text, double source, const double base)
     {
@@ -60,16 +68,15 @@ private:
         if (text[i] == '*') return left * right;
         if (text[i] == '/') {
             if (right != 0) return left / right;
-            return fail("Division by Zero! \r\nThis was caused by " + divisor);
+            return fail({FaultKind::divisionByZero, left, right, divisor});
         }
-        if (left < 0 && std::floor(right) != right)
-            return fail("Invalid power operation! \r\n" + generalText(left) + "^" + generalText(right));
+        if (left < 0 && std::floor(right) != right) return fail({FaultKind::power, left, right, ""});
         return std::pow(left, right);
     }
 
-    double fail(const std::string& what)
+    double fail(const KeptFault& fault)
     {
-        if (!ask(what + "\r\nLine is " + std::to_string(row) + "\r\nOK to continue, Cancel to stop")) stopped = true;
+        if (!ask(fault)) stopped = true;
         return 0;
     }
 };

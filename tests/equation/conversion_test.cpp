@@ -8,6 +8,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <stdexcept>
+
 namespace tarvelint::test {
 namespace {
 
@@ -22,35 +24,34 @@ public:
     {
         setReadings({std::vector<double>(40, 4), std::vector<double>(40, 1)});
         for (std::int32_t row = 0; row < 40; ++row) set(kConverted, row, 7);
-        curCol = 0;
+        choose(0);
         setChecked(Control::highBox, true);
         setText(Control::FormulaBox, "X+B");
         select(10, 20);
         fakeUi.surfaces[0].width = 100;
-        HScroll1.Max = 30;
+        view.HScroll1.Max = 30;
     }
     void set(int layer, std::int32_t row, double value) { data.values(layer, 0, row) = value; }
     [[nodiscard]] double at(int layer, std::int32_t row) const { return data.values(layer, 0, row); }
     void select(std::int32_t start, std::int32_t end)
     {
-        selStart = start;
-        selEnd = end;
+        view.selStart = start;
+        view.selEnd = end;
     }
-    [[nodiscard]] std::pair<std::int32_t, std::int32_t> selection() const { return {selStart, selEnd}; }
+    [[nodiscard]] std::pair<std::int32_t, std::int32_t> selection() const { return {view.selStart, view.selEnd}; }
 
     void undoSave(std::int32_t column) override
     {
         TestWindow::undoSave(column);
-        pointerAtUndo = pointer;
+        pointerAtUndo = pointer();
         convertedAtUndo = at(kConverted, 10);
     }
-    void skip() override
+    bool skip(bool draws) override
     {
-        pointerAtSkip = pointer;
+        pointerAtSkip = pointer();
         focusedBeforeSkip = !fakeUi.focused.empty();
-        skips ? conversion.skip() : TestWindow::skip();
+        return TestWindow::skip(draws);
     }
-    bool skips = false;
     Pointer pointerAtSkip = Pointer::standard;
     bool focusedBeforeSkip = false;
     Pointer pointerAtUndo = Pointer::standard;
@@ -92,8 +93,8 @@ TEST(Convert, copiesForUndoUnderTheHourglassBeforeItChangesAnything)
     column.conversion.convButton_Click();
     EXPECT_EQ(column.pointerAtUndo, Pointer::hourglass);
     EXPECT_EQ(column.convertedAtUndo, 7);
-    EXPECT_THAT(column.calls, ElementsAre("undoSave 0", "skip"));
-    EXPECT_EQ(column.pointer, Pointer::cross);
+    EXPECT_THAT(column.calls, ElementsAre("undoSave 0", "skip True"));
+    EXPECT_EQ(column.pointer(), Pointer::cross);
     EXPECT_EQ(column.fakeUi.focused, std::vector{Control::Picture1_0});
     EXPECT_FALSE(column.data.saveCheck);
     EXPECT_TRUE(column.isEnabled(Control::mnuFileSave));
@@ -108,21 +109,36 @@ TEST(Convert, movesTheSelectionOnStillUnderTheHourglass)
     EXPECT_FALSE(column.focusedBeforeSkip) << "the plot takes the keys when all is done";
 }
 
-TEST(Convert, inOneClickModeTheSelectionStaysAndNothingIsRedrawn)
+TEST(Convert, inOneClickModeTheSelectionStaysAndIsShown)
 {
     Column column;
-    column.lineMode = true;
+    column.view.lineMode = true;
     column.conversion.convButton_Click();
-    EXPECT_THAT(column.calls, ElementsAre("undoSave 0"));
+    EXPECT_THAT(column.calls, ElementsAre("undoSave 0", "redraw 0 True", "redraw 1 True", "updateCues"));
     EXPECT_EQ(column.selection(), Rows(10, 20));
 }
 
-TEST(Convert, movesTheSelectionOneSpanOn)
+TEST(Convert, atTheRecordsEndShowsTheNewValuesItself)
 {
     Column column;
-    column.skips = true;
+    column.skips = false;
     column.conversion.convButton_Click();
-    EXPECT_EQ(column.selection(), Rows(20, 30));
+    EXPECT_THAT(column.calls, ElementsAre("undoSave 0", "skip True", "redraw 0 True", "redraw 1 True", "updateCues"));
+}
+
+TEST(Convert, leavesTheShowingToACommandThatAsksForThat)
+{
+    Column column;
+    column.conversion.convertSelection(false);
+    EXPECT_THAT(column.calls, ElementsAre("undoSave 0", "skip False"));
+    Column atTheEnd;
+    atTheEnd.skips = false;
+    atTheEnd.conversion.convertSelection(false);
+    EXPECT_THAT(atTheEnd.calls, ElementsAre("undoSave 0", "skip False"));
+    Column gaps;
+    for (std::int32_t row = 10; row <= 20; ++row) gaps.set(kUnconverted, row, 99999);
+    gaps.conversion.convertSelection(false);
+    EXPECT_TRUE(gaps.calls.empty());
 }
 
 TEST(Convert, trimsMissingReadingsOffBothEndsForGood)
@@ -136,12 +152,12 @@ TEST(Convert, trimsMissingReadingsOffBothEndsForGood)
     EXPECT_EQ(column.at(kConverted, 20), 7);
 }
 
-TEST(Convert, aSelectionThatIsAllMissingIsTrimmedToNothingAndIgnored)
+TEST(Convert, aSelectionThatIsAllMissingIsTrimmedToNothingAndShownSo)
 {
     Column column;
     for (std::int32_t row = 10; row <= 20; ++row) column.set(kUnconverted, row, 99999);
     column.conversion.convButton_Click();
-    EXPECT_TRUE(column.calls.empty());
+    EXPECT_THAT(column.calls, ElementsAre("redraw 0 True", "redraw 1 True", "updateCues"));
     EXPECT_EQ(column.selection(), Rows(20, 20));
     EXPECT_TRUE(column.data.saveCheck);
 }
@@ -156,7 +172,7 @@ TEST(Convert, ignoresWhatIsNoSpanOfTheRecord)
         EXPECT_TRUE(column.data.saveCheck);
     }
     Column none;
-    none.curCol = -1;
+    none.choose(-1);
     none.conversion.convButton_Click();
     EXPECT_TRUE(none.calls.empty());
 }
@@ -188,23 +204,25 @@ TEST(Convert, cancelEndsAfterItsRowAndTheRemainingStepsStillRun)
     EXPECT_EQ(column.at(kBaseline, 15), 4);
     EXPECT_EQ(column.at(kConverted, 16), 7);
     EXPECT_EQ(column.at(kBaseline, 16), 0);
-    EXPECT_THAT(column.calls, ElementsAre("undoSave 0", "skip"));
+    EXPECT_THAT(column.calls, ElementsAre("undoSave 0", "skip True"));
     EXPECT_EQ(column.fakeUi.focused, std::vector{Control::Picture1_0});
-    EXPECT_TRUE(column.stopFlag);
 }
 
-TEST(Convert, clearsTheStopFlagFirst)
+TEST(Convert, afterACancelTheNextConversionBeginsAnew)
 {
     Column column;
-    column.stopFlag = true;
+    column.setText(Control::FormulaBox, "1/0");
+    column.fakeUi.answers = {Answer::cancel};
     column.conversion.convButton_Click();
-    EXPECT_EQ(column.at(kConverted, 10), 8);
+    column.setText(Control::FormulaBox, "X+B");
+    column.conversion.convButton_Click();
+    EXPECT_EQ(column.at(kConverted, 11), 8);
 }
 
 TEST(Convert, readsTheEquationAgainForEveryRow)
 {
     Column column;
-    column.clock.step = Breather::kPause; // events run after every row
+    column.clock.step = Pacer::kPause; // events run after every row
     int rows = 0;
     column.fakeUi.onPendingEvents = [&] {
         if (++rows == 3) column.setText(Control::FormulaBox, "X*B");
@@ -238,9 +256,9 @@ TEST(Convert, aBaselineThatOverflowsIsMissing)
 TEST(Convert, brokenOffByItsWindowsClosingLeavesAnUnsavedChangeAndItsCopy)
 {
     Column column;
-    column.clock.step = Breather::kPause;
-    column.fakeUi.onPendingEvents = [] { throw CommandFailure("closing"); };
-    EXPECT_THROW(column.conversion.convButton_Click(), CommandFailure);
+    column.clock.step = Pacer::kPause;
+    column.fakeUi.onPendingEvents = [] { throw std::runtime_error("closing"); };
+    EXPECT_THROW(column.conversion.convButton_Click(), std::runtime_error);
     EXPECT_EQ(column.at(kConverted, 10), 8);
     EXPECT_EQ(column.at(kConverted, 11), 7);
     EXPECT_FALSE(column.data.saveCheck);
@@ -250,111 +268,13 @@ TEST(Convert, brokenOffByItsWindowsClosingLeavesAnUnsavedChangeAndItsCopy)
 TEST(ConvertEntry, convertsASensorColumnAndBeepsOnAParameter)
 {
     Column column;
-    column.data.labels = {"A", "B"};
-    column.labelFrm = std::make_unique<ColumnSetup>(column);
-    column.labelFrm->Form_Load();
     column.conversion.mnuToolsConvert_Click();
-    EXPECT_THAT(column.calls, ElementsAre("convButton_Click"));
+    EXPECT_THAT(column.calls, ElementsAre("undoSave 0", "skip True"));
     column.calls.clear();
-    column.labelFrm->setCheckBox(1, true);
-    column.labelFrm->OKButton_Click();
-    column.calls.clear();
+    column.data.parameters = {true, false};
     column.conversion.mnuToolsConvert_Click();
     EXPECT_TRUE(column.calls.empty());
     EXPECT_EQ(column.fakeUi.beeps, 1);
-}
-
-TEST(Skip, sharesTheBoundaryRowAndEndsAtTheLast)
-{
-    Column column;
-    column.conversion.skip();
-    EXPECT_EQ(column.selection(), Rows(20, 30));
-    column.conversion.skip();
-    EXPECT_EQ(column.selection(), Rows(30, 39)); // 40 would be past the last row
-    column.calls.clear();
-    column.conversion.skip();
-    EXPECT_EQ(column.selection(), Rows(30, 39));
-    EXPECT_TRUE(column.calls.empty());
-}
-
-TEST(Skip, redrawsBothPlotsTheCompanionOverItselfWhileTheEndIsInView)
-{
-    Column column;
-    column.conversion.skip();
-    EXPECT_THAT(column.calls, ElementsAre("redraw 0 True", "redraw 1 False", "updateCues"));
-}
-
-TEST(Skip, scrollsWhenTheNewEndLiesBeyondTheView)
-{
-    Column column;
-    column.fakeUi.surfaces[0].width = 12;
-    column.conversion.skip();
-    EXPECT_EQ(column.HScroll1.Value, 18); // 30 - 12
-    EXPECT_THAT(column.calls, ElementsAre("HScroll1_Change", "updateCues"));
-}
-
-TEST(Skip, anEndAtTheEdgeOfTheViewIsInView)
-{
-    Column column;
-    column.fakeUi.surfaces[0].width = 30;
-    column.conversion.skip(); // to rows 20 to 30
-    EXPECT_EQ(column.HScroll1.Value, 0);
-    column.fakeUi.surfaces[0].width = 29;
-    column.select(10, 20);
-    column.conversion.skip();
-    EXPECT_EQ(column.HScroll1.Value, 1);
-}
-
-TEST(Skip, aWidthWithAFractionScrollsToTheNearestRowHalvesToEven)
-{
-    Column column;
-    column.fakeUi.surfaces[0].width = 12.5;
-    column.conversion.skip();
-    EXPECT_EQ(column.HScroll1.Value, 18); // 17.5
-    column.HScroll1.Value = 0;
-    column.fakeUi.surfaces[0].width = 13.5;
-    column.select(10, 20);
-    column.conversion.skip();
-    EXPECT_EQ(column.HScroll1.Value, 16); // 16.5
-}
-
-TEST(Skip, aPlaceTooFarFor16BitsIsRaisedOutsideLongRecords)
-{
-    Column column;
-    column.setReadings({std::vector<double>(70000, 4)});
-    column.HScroll1.Max = 69000;
-    column.select(30000, 40000);
-    EXPECT_THROW(column.conversion.skip(), NumericOverflow);
-}
-
-TEST(Skip, redrawsWhenTheBarCannotFollow)
-{
-    Column column;
-    column.fakeUi.surfaces[0].width = 12;
-    column.HScroll1.Max = 0;
-    column.conversion.skip();
-    EXPECT_THAT(column.calls, ElementsAre("redraw 0 True", "redraw 1 False", "updateCues"));
-}
-
-TEST(Skip, followsLongRecords)
-{
-    Column column;
-    column.setReadings({std::vector<double>(70000, 4)});
-    column.longRecord = true;
-    column.HScroll1.Max = 69000;
-    column.select(30000, 50000);
-    column.conversion.skip();
-    EXPECT_EQ(column.selection(), Rows(50000, 69999));
-    EXPECT_EQ(column.HScroll1.Value, 69000); // 69899 wanted, the bar's end taken
-}
-
-TEST(Skip, leavesAnEmptySelectionAlone)
-{
-    Column column;
-    column.select(20, 10);
-    column.conversion.skip();
-    EXPECT_EQ(column.selection(), Rows(20, 10));
-    EXPECT_TRUE(column.calls.empty());
 }
 
 } // namespace

@@ -1,129 +1,124 @@
 // SPDX-License-Identifier: MIT
+#include "equation/answering_sink.h"
 #include "equation/by_the_rules.h"
-#include "equation/evaluator.h"
+#include "equation/equation.h"
+#include "equation/random_texts.h"
 #include "equation/validator.h"
 #include "support/allocations.h"
-#include "support/test_window.h"
 
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <cmath>
 #include <cstdint>
-#include <random>
+#include <cstdlib>
+#include <iostream>
+#include <string>
+#include <vector>
 
 namespace tarvelint::test {
 namespace {
 
-/// Random texts: equations of the grammar, such with characters dropped or put in, and anything at all.
-class Texts {
-public:
-    std::string next()
-    {
-        switch (pick(4)) {
-        case 0: return anything();
-        case 1: return disturbed(grown(4));
-        default: return grown(5);
-        }
-    }
-    double number() { return static_cast<double>(m_random() % 8001) / 1000.0 - 4; }
-    std::uint32_t pick(std::uint32_t count) { return static_cast<std::uint32_t>(m_random()) % count; }
+/// A count that the surroundings may set.
+std::uint32_t setting(const char* name, std::uint32_t standard)
+{
+    const char* const text = std::getenv(name);
+    return text == nullptr ? standard : static_cast<std::uint32_t>(std::stoul(text));
+}
 
-private:
-    std::string grown(int depth)
-    {
-        static const char* const kLeaves[] = {"X", "B", "x", "b", "2", "0", ".5", "1E3", "", "7.25", "99999", " X"};
-        if (depth == 0 || pick(3) == 0) return kLeaves[pick(std::size(kLeaves))];
-        const std::string left = grown(depth - 1);
-        const std::string inner = left + "+-*/^"[pick(5)] + grown(depth - 1);
-        switch (pick(5)) {
-        case 0: return inner;
-        case 1: return "(" + inner;
-        case 2: return inner + ")";
-        default: return "(" + inner + ")";
-        }
-    }
-    std::string disturbed(std::string text)
-    {
-        for (std::uint32_t i = 0; i < 3 && !text.empty(); ++i) {
-            const std::size_t at = pick(static_cast<std::uint32_t>(text.size()));
-            if (pick(2) == 0)
-                text.erase(at, 1);
-            else
-                text.insert(at, 1, static_cast<char>(pick(256)));
-        }
-        return text;
-    }
-    std::string anything()
-    {
-        std::string text(pick(24), ' ');
-        for (char& c : text) c = "()()+-*/^XxBb0123.5E \tD"[pick(23)];
-        return text;
-    }
-
-    std::mt19937 m_random{20261120};
-};
-
+/// To the last bit; of a value that is no number only that.
 bool same(double a, double b)
 {
-    return a == b || (std::isnan(a) && std::isnan(b));
+    return std::bit_cast<std::uint64_t>(a) == std::bit_cast<std::uint64_t>(b) || (std::isnan(a) && std::isnan(b));
 }
 
-TEST(EvaluatorProperty, anyTextGivesWhatTheRulesGiveBoxForBoxWhateverIsAnswered)
+bool same(const KeptFault& a, const KeptFault& b)
 {
-    Texts texts;
-    int boxes = 0;
-    int cancels = 0;
-    for (int i = 0; i < 30000; ++i) {
+    return a.kind == b.kind && same(a.left, b.left) && same(a.right, b.right) && a.divisor == b.divisor;
+}
+
+/// One equation on one reading, by the program and by the rules.
+struct Trial {
+    double value = 0;
+    double expected = 0;
+    AnsweringSink sink;
+    std::vector<KeptFault> expectedFaults;
+    bool expectedStop = false;
+};
+
+/// A random reading and baseline, and a Cancel at a random fault.
+Trial tried(RandomTexts& texts, const std::string& text)
+{
+    const double x = texts.number();
+    const double b = texts.number();
+    const ConversionRule rule{texts.pick(2) == 0, texts.pick(2) == 0 ? 99999 : static_cast<int>(texts.pick(3)) - 1};
+    Trial trial;
+    trial.sink.answers.resize(64);
+    for (AfterFault& answer : trial.sink.answers) answer = texts.pick(6) == 0 ? AfterFault::stop : AfterFault::goOn;
+
+    ByTheRules rules;
+    rules.baselineIsHigh = rule.baselineIsHigh;
+    rules.blank = rule.blank;
+    rules.ask = [&](const KeptFault& fault) {
+        trial.expectedFaults.push_back(fault);
+        const std::size_t count = trial.expectedFaults.size();
+        return count > trial.sink.answers.size() || trial.sink.answers[count - 1] == AfterFault::goOn;
+    };
+    trial.expected = rules.convert(text, x, b);
+    trial.expectedStop = rules.stopped;
+    trial.value = Equation(text).evaluate(x, b, rule, trial.sink);
+    return trial;
+}
+
+void expectTheSame(const Trial& trial)
+{
+    ASSERT_TRUE(same(trial.value, trial.expected)) << trial.value << " instead of " << trial.expected;
+    ASSERT_EQ(trial.sink.hasStopped(), trial.expectedStop);
+    ASSERT_EQ(trial.sink.faults.size(), trial.expectedFaults.size());
+    for (std::size_t k = 0; k < trial.expectedFaults.size(); ++k)
+        ASSERT_TRUE(same(trial.sink.faults[k], trial.expectedFaults[k])) << "fault " << k;
+}
+
+/// TARVELINT_RANDOM_EQUATIONS asks for more, or fewer, and TARVELINT_RANDOM_SEED for others.
+TEST(EquationProperty, anyTextGivesWhatTheRulesGiveFaultForFaultWhateverIsAnswered)
+{
+    const std::uint32_t count = setting("TARVELINT_RANDOM_EQUATIONS", 50'000);
+    const std::uint32_t seed = setting("TARVELINT_RANDOM_SEED", 20261120);
+    std::cout << count << " random equations, seed " << seed << '\n';
+    RandomTexts texts(seed);
+    std::uint64_t faults = 0;
+    std::uint32_t stops = 0;
+    for (std::uint32_t i = 0; i < count; ++i) {
         const std::string text = texts.next();
-        const double x = texts.pick(20) == 0 ? 99999 : texts.number();
-        const double b = texts.number();
-        const std::vector<Answer> answers = [&] {
-            std::vector<Answer> list(64);
-            for (Answer& answer : list) answer = texts.pick(6) == 0 ? Answer::cancel : Answer::ok;
-            return list;
-        }();
-
-        ByTheRules rules;
-        rules.baselineIsHigh = i % 2 == 0;
-        rules.row = i;
-        std::vector<std::string> prompts;
-        rules.ask = [&](const std::string& prompt) {
-            prompts.push_back(prompt);
-            return answers.at(prompts.size() - 1) == Answer::ok;
-        };
-        const double expected = rules.convert(text, x, b);
-
-        TestWindow window;
-        window.setChecked(Control::highBox, rules.baselineIsHigh);
-        window.conversionRow = i;
-        window.fakeUi.answers.assign(answers.begin(), answers.end());
-        std::string_view equation = text;
-        const double value = Evaluator(window).convert(equation, x, b);
-
-        ASSERT_TRUE(same(value, expected)) << text << " gives " << value << " instead of " << expected;
-        ASSERT_EQ(window.stopFlag, rules.stopped) << text;
-        ASSERT_EQ(window.fakeUi.messages.size(), prompts.size()) << text;
-        for (std::size_t k = 0; k < prompts.size(); ++k) ASSERT_EQ(window.fakeUi.messages[k].text, prompts[k]);
-        boxes += static_cast<int>(prompts.size());
-        cancels += rules.stopped ? 1 : 0;
+        const Trial trial = tried(texts, text);
+        ASSERT_NO_FATAL_FAILURE(expectTheSame(trial)) << text;
+        faults += trial.expectedFaults.size();
+        stops += trial.expectedStop ? 1 : 0;
     }
-    EXPECT_GT(boxes, 1000); // the texts were worth the trouble
-    EXPECT_GT(cancels, 100);
+    EXPECT_GT(faults, count / 20); // the texts were worth the trouble
+    EXPECT_GT(stops, count / 200);
 }
 
-TEST(EvaluatorProperty, aValueCostsNoAllocation)
+TEST(EquationProperty, aLongChainGivesWhatTheRulesGive)
 {
-    TestWindow window;
-    window.setChecked(Control::highBox, true);
-    Evaluator evaluator(window);
-    const std::string text = "119*((B/X)-1)^1.23+1.5*(X+(B-2.25)*(X-12.123456789)/B)";
-    std::string_view equation = text;
-    double sum = evaluator.convert(equation, 2, 3); // the stack of operands grows to its depth once
-    const std::size_t before = allocationsSoFar();
-    for (int row = 0; row < 1000; ++row) {
-        equation = text;
-        sum += evaluator.convert(equation, 2 + row * 0.001, 3);
+    RandomTexts texts(19870314);
+    std::size_t faults = 0;
+    for (int i = 0; i < 100; ++i) {
+        const std::string text = texts.chained(150);
+        const Trial trial = tried(texts, text);
+        ASSERT_NO_FATAL_FAILURE(expectTheSame(trial)) << text;
+        faults += trial.expectedFaults.size();
     }
+    EXPECT_GT(faults, 20U);
+}
+
+TEST(EquationProperty, aValueCostsNoAllocation)
+{
+    AnsweringSink sink;
+    Equation equation("119*((B/X)-1)^1.23+1.5*(X+(B-2.25)*(X-12.123456789)/B)");
+    const std::size_t before = allocationsSoFar();
+    double sum = 0;
+    for (int row = 0; row < 1000; ++row) sum += equation.evaluate(2 + row * 0.001, 3, {}, sink);
     EXPECT_EQ(allocationsSoFar(), before);
     EXPECT_TRUE(std::isfinite(sum));
     EXPECT_GT(before, 0U); // the counter counts
@@ -131,7 +126,7 @@ TEST(EvaluatorProperty, aValueCostsNoAllocation)
 
 TEST(ValidatorProperty, anyTextIsRepairedAsTheRulesRepairItOrStaysAsTyped)
 {
-    Texts texts;
+    RandomTexts texts(20261120);
     int repaired = 0;
     for (int i = 0; i < 30000; ++i) {
         const std::string typed = texts.next();

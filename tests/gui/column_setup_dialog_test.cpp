@@ -1,96 +1,15 @@
 // SPDX-License-Identifier: MIT
-#include "app/shell_window.h"
-#include "dialogs/column_setup_dialog.h"
+#include "setup_bench.h"
 
-#include <QApplication>
-#include <QCheckBox>
+#include <QClipboard>
 #include <QGroupBox>
 #include <QLabel>
-#include <QLineEdit>
-#include <QPushButton>
-#include <QRegularExpression>
-#include <QScrollBar>
-#include <QTest>
 
 #include <cmath>
-#include <memory>
 
 namespace tarvelint::test {
 
 namespace {
-
-class HidingUi : public FakeUi {
-public:
-    QWidget* dialog = nullptr;
-    void hideColumnSetup() override
-    {
-        FakeUi::hideColumnSetup();
-        if (dialog != nullptr) dialog->hide();
-    }
-};
-
-QString named(const char* name, int index1)
-{
-    return QString::fromLatin1(name) + QString::number(index1);
-}
-
-/// A window with a record of so many columns, labelled "a1", "a2" ..., and its column setup dialog.
-struct SetupBench {
-    explicit SetupBench(int columns)
-    {
-        window.data.allocate(static_cast<std::int16_t>(columns), 1);
-        window.data.labels.clear();
-        for (int i = 1; i <= columns; ++i) window.data.labels.push_back("a" + std::to_string(i));
-        window.setListEntries(window.data.labels);
-        window.labelFrm = std::make_unique<ColumnSetup>(window);
-        window.labelFrm->Form_Load();
-        parent.resize(600, 400);
-        parent.show();
-        dialog = std::make_unique<ColumnSetupDialog>(
-            *window.labelFrm, [this](const auto& work) { ++commands, work(); }, &parent);
-        ui.dialog = dialog.get();
-    }
-    /// A server without window manager gives the focus to nobody who does not ask.
-    bool takesFocus()
-    {
-        dialog->activateWindow();
-        return QApplication::activeWindow() == dialog.get();
-    }
-    void show(bool blocking = false)
-    {
-        dialog->showFor(blocking);
-        QTRY_VERIFY(takesFocus());
-    }
-    template <class Widget>
-    Widget* child(const QString& name)
-    {
-        return dialog->findChild<Widget*>(name);
-    }
-    QLineEdit* labelBox(int row1) { return child<QLineEdit>(named("labelBox", row1)); }
-    QCheckBox* checkBox(int row1) { return child<QCheckBox>(named("checkBox", row1)); }
-    QCheckBox* saveBox() { return child<QCheckBox>(QStringLiteral("saveBox")); }
-    QScrollBar* bar() { return child<QScrollBar>(QStringLiteral("VScroll1")); }
-    void press(const QString& button) { QTest::mouseClick(child<QPushButton>(button), Qt::LeftButton); }
-    int visibleRows()
-    {
-        int count = 0;
-        for (const auto* box : dialog->findChildren<QCheckBox*>(QRegularExpression(QStringLiteral("^checkBox\\d+$"))))
-            count += box->isVisible() ? 1 : 0;
-        return count;
-    }
-    ColumnSetup& setup() { return *window.labelFrm; }
-
-    MemorySettings settings;
-    FixedStyle style;
-    MemoryFiles files;
-    ManualClock clock;
-    HidingUi ui;
-    FakeApplication application;
-    MainWindow window{ui, Environment{settings, style, files, clock}, application};
-    QWidget parent;
-    std::unique_ptr<ColumnSetupDialog> dialog;
-    int commands = 0;
-};
 
 const std::string kLatin1 = "Temp\xE9rature"; // "é" as the single byte of Windows-1252
 
@@ -222,6 +141,39 @@ private Q_SLOTS:
         QCOMPARE(visited, QStringLiteral("saveBox turboCheck CancelButton OKButton "));
     }
 
+    void tabComesToRowOneAndBackToTheLastWhereverTheBarStands()
+    {
+        SetupBench bench(24);
+        bench.show();
+        bench.bar()->setValue(9);
+        auto* ok = bench.child<QPushButton>(QStringLiteral("OKButton"));
+        ok->setFocus();
+        QTest::keyClick(ok, Qt::Key_Tab);
+        QVERIFY(bench.labelBox(1) != nullptr && bench.labelBox(1)->hasFocus());
+        QTest::keyClick(bench.labelBox(1), Qt::Key_Backtab, Qt::ShiftModifier);
+        QVERIFY(ok->hasFocus());
+        bench.saveBox()->setFocus();
+        QTest::keyClick(bench.saveBox(), Qt::Key_Backtab, Qt::ShiftModifier);
+        QVERIFY(bench.checkBox(24) != nullptr && bench.checkBox(24)->hasFocus());
+        QTest::keyClick(bench.checkBox(24), Qt::Key_Tab);
+        QVERIFY(bench.saveBox()->hasFocus());
+    }
+
+    void tabGoesThroughTheParameterBoxesWhileTheyTakeInput()
+    {
+        SetupBench bench(2);
+        bench.setup().boxes.turboCheck = true;
+        bench.show();
+        auto* turbo = bench.child<QCheckBox>(QStringLiteral("turboCheck"));
+        turbo->setFocus();
+        QString visited;
+        for (int i = 0; i < 6; ++i) {
+            QTest::keyClick(bench.dialog->focusWidget(), Qt::Key_Tab);
+            visited += bench.dialog->focusWidget()->objectName() + QLatin1Char(' ');
+        }
+        QCOMPARE(visited, QStringLiteral("vpdBox parBox VPDlBox PARlBox timeBox CancelButton "));
+    }
+
     void pageDownGoesFifteenRowsOn()
     {
         SetupBench bench(40);
@@ -260,7 +212,7 @@ private Q_SLOTS:
         bench.press(QStringLiteral("OKButton"));
         QCOMPARE(bench.commands, 1);
         QCOMPARE(bench.window.data.labels.at(1), std::string("PAR"));
-        QVERIFY(bench.setup().isParameter(20) && bench.setup().savesLabels());
+        QVERIFY(bench.window.data.isParameter(19) && bench.window.data.savesLabels);
         QVERIFY(!bench.dialog->isVisible());
     }
 
@@ -383,6 +335,53 @@ private Q_SLOTS:
         bench.press(QStringLiteral("OKButton"));
         QCOMPARE(bench.window.data.labels.at(0), kLatin1);
         QCOMPARE(bench.window.data.labels.at(1), kLatin1 + "x");
+    }
+
+    void openingItOnceMoreWhileItIsOpenKeepsTheOriginalBytes()
+    {
+        SetupBench bench(3);
+        bench.window.data.labels.at(0) = kLatin1;
+        bench.setup().CancelButton_Click();
+        bench.setup().Form_Show();
+        bench.show();
+        QTest::keyClick(bench.labelBox(1), Qt::Key_End);
+        bench.labelBox(1)->insert(QString::fromUtf8("\u03b1")); // Greek is not in the label's encoding
+        bench.setup().Form_Show();
+        bench.dialog->showFor(false);
+        QCOMPARE(bench.labelBox(1)->text(), QString::fromUtf8("Temp\u00e9rature\u03b1"));
+        QTest::keyClick(bench.labelBox(1), Qt::Key_End);
+        QTest::keyClick(bench.labelBox(1), Qt::Key_Backspace);
+        bench.press(QStringLiteral("OKButton"));
+        QCOMPARE(bench.window.data.labels.at(0), kLatin1);
+    }
+
+    void pastedLineEndsAndControlCharactersBecomeBlanksInTheBoxAndInTheLabel()
+    {
+        SetupBench bench(2);
+        bench.show();
+        QApplication::clipboard()->setText(QStringLiteral("PAR\r\nsum\t1") + QChar(u'\0') + QChar(0x2028));
+        QLineEdit* box = bench.labelBox(1);
+        QTest::keyClick(box, Qt::Key_Home);
+        QTest::keyClick(box, Qt::Key_V, Qt::ControlModifier);
+        QCOMPARE(box->text(), QStringLiteral("PAR  sum 1  a1"));
+        QCOMPARE(box->cursorPosition(), 12); // behind what was pasted
+        bench.press(QStringLiteral("OKButton"));
+        QCOMPARE(bench.window.data.labels.at(0), std::string("PAR  sum 1  a1"));
+    }
+
+    void aControlCharacterOfTheFileStaysInALabelThatIsNotEdited()
+    {
+        SetupBench bench(2);
+        bench.window.data.labels.at(0) = "PAR\x01sum";
+        bench.setup().CancelButton_Click();
+        bench.setup().Form_Show();
+        bench.show();
+        QCOMPARE(bench.labelBox(1)->text(), QStringLiteral("PAR sum"));
+        QTest::keyClick(bench.labelBox(1), Qt::Key_End); // typed and taken back
+        QTest::keyClicks(bench.labelBox(1), QStringLiteral("x"));
+        QTest::keyClick(bench.labelBox(1), Qt::Key_Backspace);
+        bench.press(QStringLiteral("OKButton"));
+        QCOMPARE(bench.window.data.labels.at(0), std::string("PAR\x01sum"));
     }
 };
 

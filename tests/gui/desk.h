@@ -5,15 +5,16 @@
 #include "app/qt/plot_area.h"
 #include "app/qt/plot_surface.h"
 #include "app/qt/window_list.h"
-#include "machine/clock.h"
 #include "machine/files.h"
 #include "support/doubles.h"
 
+#include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QPalette>
 #include <QPointer>
 #include <QPushButton>
 #include <QTemporaryDir>
@@ -31,8 +32,9 @@ class Desk : public QObject {
 public:
     explicit Desk(bool shown = true)
     {
-        form = &windows.create();
-        form->askForFile = [](QWidget*, const FileDialog&, bool) -> std::optional<ChosenFile> {
+        window = &windows.create();
+        form = &window->form();
+        toolkit().askForFile = [](QWidget*, const FileDialog&, bool) -> std::optional<ChosenFile> {
             qFatal("unexpected file dialog");
             return {};
         };
@@ -50,7 +52,9 @@ public:
     }
     [[nodiscard]] QAction* entry(const char* name) const { return find<QAction>(name); }
     [[nodiscard]] QString text(const char* label) const { return find<QLabel>(label)->text(); }
-    [[nodiscard]] MainWindow& core() const { return form->core(); }
+    [[nodiscard]] Engine& core() const { return window->core(); }
+    [[nodiscard]] QtToolkit& toolkit() const { return window->toolkit(); }
+    void command(const std::function<void()>& body) const { window->command(body); }
     [[nodiscard]] QImage plot(int index) const
     {
         return find(index == 0 ? "Picture1_0" : "Picture1_1")->grab().toImage();
@@ -91,7 +95,7 @@ public:
 
     void chooseFile(const std::string& path, FileType type = FileType::comma)
     {
-        form->askForFile = [path, type](QWidget*, const FileDialog&, bool) { return ChosenFile{path, type}; };
+        toolkit().askForFile = [path, type](QWidget*, const FileDialog&, bool) { return ChosenFile{path, type}; };
     }
     /// File > Open; a headerless file leaves its column setup dialog open.
     void open(const std::string& path)
@@ -120,13 +124,30 @@ public:
     MemorySettings settings;
     FixedStyle style;
     DiskFiles files;
-    SteadyClock clock;
+    ManualClock clock; ///< stands still: a loop pauses for events where a test makes time pass
     StringTable table;
     WindowList windows{Environment{settings, style, files, clock}, table};
     QTemporaryDir folder;
-    QPointer<FrmMain> form;
+    QPointer<FrmMain> window;
+    QPointer<MainForm> form;
     QString title; ///< of the last message box
     QString said;
+};
+
+/// The program under a palette of light text on black, until the test ends.
+class DarkTheme {
+public:
+    DarkTheme()
+    {
+        QApplication::setPalette(QPalette(Qt::white, Qt::black, Qt::gray, Qt::black, Qt::darkGray, Qt::white, Qt::white,
+                                          Qt::black, Qt::black));
+    }
+    ~DarkTheme() { QApplication::setPalette(m_before); }
+    DarkTheme(const DarkTheme&) = delete;
+    DarkTheme& operator=(const DarkTheme&) = delete;
+
+private:
+    QPalette m_before = QApplication::palette();
 };
 
 /// The colour of a device-independent pixel.

@@ -1,5 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "app/qt/frm_splash.h"
 #include "dialogs/file_dialogs.h"
 #include "dialogs/save_contents_dialog.h"
 
@@ -8,19 +7,16 @@
 #include <QFile>
 #include <QFileDialog>
 #include <QGroupBox>
-#include <QLabel>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
 #include <QRegularExpression>
-#include <QSignalSpy>
 #include <QTemporaryDir>
 #include <QTest>
 #include <QTimer>
 
 #include <functional>
 #include <memory>
-#include <sstream>
 
 namespace tarvelint::test {
 
@@ -75,25 +71,6 @@ QCheckBox& box(QWidget& dialog, const char* name)
 
 constexpr const char* kSaveBoxes[] = {"inCheck", "baseCheck", "outCheck", "headerCheck", "blankCheck"};
 
-/// The string table with an organisation's texts.
-StringTable tableWith(const char* lines)
-{
-    StringTable table;
-    std::istringstream stream(lines);
-    table.addTexts(stream);
-    return table;
-}
-
-QString shown(const FrmSplash& splash, const char* label)
-{
-    return splash.findChild<QLabel*>(QString::fromLatin1(label))->text();
-}
-
-bool takesRoom(const FrmSplash& splash, const char* label)
-{
-    return !splash.findChild<QLabel*>(QString::fromLatin1(label))->isHidden();
-}
-
 } // namespace
 
 class DialogsTest : public QObject {
@@ -125,15 +102,15 @@ private Q_SLOTS:
     void theResultIsHowTheSaveDialogWasLeft_data()
     {
         QTest::addColumn<QString>("way");
-        QTest::addColumn<QString>("result");
-        const auto row = [](const char* way, const char* result) {
-            QTest::newRow(way) << QString::fromLatin1(way) << QString::fromLatin1(result);
+        QTest::addColumn<bool>("confirmed");
+        const auto row = [](const char* way, bool confirmed) {
+            QTest::newRow(way) << QString::fromLatin1(way) << confirmed;
         };
-        row("OKButton", "OK");
-        row("CancelButton", "Cancel");
-        row("Esc", "Cancel");
-        row("frame", "Cancel");
-        row("hidden by its window", "Cancel");
+        row("OKButton", true);
+        row("CancelButton", false);
+        row("Esc", false);
+        row("frame", false);
+        row("hidden by its window", false);
     }
     void theResultIsHowTheSaveDialogWasLeft()
     {
@@ -141,10 +118,10 @@ private Q_SLOTS:
         QWidget parent;
         parent.show();
         SaveContents contents;
-        contents.result = "OK"; // of an earlier save
+        contents.confirmed = true; // of an earlier save
         SaveContentsDialog dialog(contents, &parent);
         whenShown<QDialog>(parent, "FileTypeFrm", [&](QDialog& shownDialog) {
-            QCOMPARE(contents.result, std::string("Cancel"));
+            QVERIFY(!contents.confirmed);
             QCOMPARE(shownDialog.windowModality(), Qt::WindowModal);
             if (way.endsWith(QStringLiteral("Button"))) click(shownDialog, way.toLatin1().constData());
             if (way == QStringLiteral("Esc")) QTest::keyClick(&shownDialog, Qt::Key_Escape);
@@ -153,7 +130,7 @@ private Q_SLOTS:
         });
         dialog.ask();
         QVERIFY(!dialog.isVisible());
-        QTEST(QString::fromStdString(contents.result), "result");
+        QTEST(contents.confirmed, "confirmed");
     }
 
     void eachSaveBoxKeepsItsStateBetweenSaves_data()
@@ -191,7 +168,7 @@ private Q_SLOTS:
         QTimer::singleShot(20, this, [&] { parent.reset(); });
         dialog->ask();
         QVERIFY(parent == nullptr);
-        QCOMPARE(contents.result, std::string("Cancel"));
+        QVERIFY(!contents.confirmed);
     }
 
     // File dialogs
@@ -303,82 +280,6 @@ private Q_SLOTS:
         QTimer::singleShot(50, this, [&] { parent.reset(); });
         QVERIFY(!askForFile(parent.get(), openDialog(), false));
         QVERIFY(parent == nullptr);
-    }
-
-    // Splash and about box
-
-    void theSplashShowsTitleVersionAndTheOrganisationsTexts()
-    {
-        const FrmSplash splash(
-            tableWith("1042=credit\n1043=people\n1046=a@example.org\\nb@example.org\n1047=group\n1049=fair\n"),
-            QStringLiteral("1.2.3"));
-        QCOMPARE(shown(splash, "lblProductName"), QStringLiteral("Tarvelint"));
-        QCOMPARE(shown(splash, "lblVersion"), QStringLiteral("Version 1.2.3"));
-        QCOMPARE(shown(splash, "lblCompanyProduct"), QStringLiteral("group"));
-        QCOMPARE(shown(splash, "lblCredit"), QStringLiteral("credit"));
-        QCOMPARE(shown(splash, "lblDevelopers"), QStringLiteral("people"));
-        QCOMPARE(shown(splash, "lblFairUse"), QStringLiteral("Fair Use Policy:"));
-        QCOMPARE(shown(splash, "lblWarning"), QStringLiteral("fair"));
-        QCOMPARE(shown(splash, "lblContactsHeading"), QStringLiteral("Contacts:"));
-        QCOMPARE(shown(splash, "lblContacts"), QStringLiteral("a@example.org\nb@example.org"));
-        QCOMPARE(splash.findChild<QPushButton*>(QStringLiteral("Command1"))->text(), QStringLiteral("OK"));
-        QVERIFY(splash.findChild<QFrame*>(QStringLiteral("fraMainFrame")) != nullptr);
-    }
-
-    void textsThatAreLeftOutTakeNoRoomNorDoTheirHeadings()
-    {
-        const FrmSplash splash(tableWith("1049=fair\n"), QStringLiteral("1.2.3"));
-        QVERIFY(takesRoom(splash, "lblFairUse") && takesRoom(splash, "lblWarning"));
-        QVERIFY(!takesRoom(splash, "lblContacts") && !takesRoom(splash, "lblContactsHeading"));
-        QVERIFY(!takesRoom(splash, "lblCompanyProduct"));
-    }
-
-    void noTextOfTheSplashIsCutOff()
-    {
-        std::string words;
-        for (int i = 0; i < 150; ++i) words += "word ";
-        const std::string longText = "1049=" + words + "\\nand a line\n";
-        FrmSplash splash(tableWith(longText.c_str()), QStringLiteral("1.2.3"));
-        splash.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&splash));
-        for (const auto* label : splash.findChildren<QLabel*>())
-            if (label->isVisible()) QVERIFY(label->height() >= label->heightForWidth(label->width()));
-    }
-
-    void theTagIsEmptyAtStartUp()
-    {
-        const FrmSplash splash(StringTable{}, QStringLiteral("1.2.3"));
-        QCOMPARE(splash.tagText, QString());
-    }
-
-    void buttonFrameAndEscDismissTheSplashOnce_data()
-    {
-        QTest::addColumn<QString>("way");
-        for (const char* way : {"button", "Esc", "frame"}) QTest::newRow(way) << QString::fromLatin1(way);
-    }
-    void buttonFrameAndEscDismissTheSplashOnce()
-    {
-        QFETCH(const QString, way);
-        FrmSplash splash(StringTable{}, QStringLiteral("1.2.3"));
-        const QSignalSpy dismissed(&splash, &FrmSplash::dismissed);
-        splash.show();
-        QVERIFY(QTest::qWaitForWindowExposed(&splash));
-        if (way == QStringLiteral("button")) click(splash, "Command1");
-        if (way == QStringLiteral("Esc")) QTest::keyClick(&splash, Qt::Key_Escape);
-        if (way == QStringLiteral("frame")) splash.close();
-        QVERIFY(!splash.isVisible());
-        QCOMPARE(dismissed.count(), 1);
-    }
-
-    void theProgramBringsTextsForEveryAboutNumberAndAnIconInEverySize()
-    {
-        useProgramResources();
-        QFile file(QStringLiteral(":/about_texts.txt"));
-        QVERIFY(file.open(QIODevice::ReadOnly));
-        const StringTable table = tableWith(file.readAll().constData());
-        for (const int number : {1042, 1043, 1046, 1047, 1049}) QVERIFY(!table.find(number).value_or("").empty());
-        for (const int size : {16, 24, 32, 48, 64, 128, 256})
-            QVERIFY(programIcon().availableSizes().contains(QSize(size, size)));
     }
 };
 

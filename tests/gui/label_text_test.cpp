@@ -37,6 +37,26 @@ private Q_SLOTS:
         QCOMPARE(labelFromScreen(labelForScreen(mark), mark), mark);
     }
 
+    void lineEndsAndControlCharactersBecomeBlanks()
+    {
+        QCOMPARE(blanksForControls(QStringLiteral("PAR, sum")), QStringLiteral("PAR, sum"));
+        QCOMPARE(blanksForControls(QStringLiteral("a\r\nb\tc")), QStringLiteral("a  b c"));
+        QCOMPARE(blanksForControls(QString(QChar(u'\0')) + QChar(0x1b) + QChar(0x7f)), QStringLiteral("   "));
+        QCOMPARE(blanksForControls(QString(QChar(0x80)) + QChar(0x85) + QChar(0x9f)), QStringLiteral("   "));
+        QCOMPARE(blanksForControls(QString(QChar(0x2028)) + QChar(0x2029)), QStringLiteral("  "));
+        const QString kept = QString(QChar(0x1f)) + QChar(0x20) + QChar(0x7e) + QChar(0xa0) + QChar(0x3b1);
+        QCOMPARE(blanksForControls(kept), QLatin1Char(' ') + kept.mid(1)); // beside the ends of the two ranges
+    }
+
+    void controlCharactersThatAFileBroughtStayUntilTheLabelIsEdited()
+    {
+        const std::string label = "PAR\x01sum\t";
+        QCOMPARE(labelForScreen(label), QStringLiteral("PAR sum "));
+        QCOMPARE(labelFromScreen(QStringLiteral("PAR sum "), label), label);
+        QCOMPARE(labelFromScreen(QStringLiteral("PAR sum x"), label), std::string("PAR sum x"));
+        QCOMPARE(labelFromScreen(QStringLiteral("PAR\nmean"), label), std::string("PAR mean"));
+    }
+
     void anEditedLabelKeepsItsEncodingWhereThatHasTheCharacters()
     {
         const QString euro = QString::fromUtf8("\u20ac");

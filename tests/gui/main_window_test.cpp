@@ -105,12 +105,12 @@ private Q_SLOTS:
     {
         Desk desk;
         desk.openSample();
-        const MainWindow& core = desk.core();
-        QVERIFY(core.Turbo);
-        QCOMPARE(core.sensors, 8);
+        const Engine& core = desk.core();
+        QVERIFY(core.view.Turbo);
+        QCOMPARE(core.sensors.count(), 8);
         int points = 0;
         for (int row = 0; row < core.data.lines; ++row) {
-            if (!core.basePoints(0, row)) continue;
+            if (!core.sensors.isPoint(0, row)) continue;
             ++points;
             QCOMPARE(core.data.values(kBaseline, kS1, row), core.data.values(kUnconverted, kS1, row));
             QCOMPARE(core.data.values(kConverted, kS1, row), 0.0); // reading and baseline meet: no flow
@@ -125,8 +125,8 @@ private Q_SLOTS:
         Desk desk;
         desk.openSample();
         desk.chooseFirstSensor();
-        QCOMPARE(desk.core().curCol, kS1);
-        const MainWindow& core = desk.core();
+        QCOMPARE(desk.core().view.curCol(), kS1);
+        const Engine& core = desk.core();
         const QImage plot = desk.plot(0);
         const double height = desk.find("Picture1_0")->height();
         const double lo = number(desk, "minLabel0");
@@ -135,7 +135,7 @@ private Q_SLOTS:
         int points = 0;
         for (int row = 1; row < desk.find("Picture1_0")->width(); ++row) { // one unit to a row, from row 0
             const double y = yOf(core.data.values(kUnconverted, kS1, row), lo, hi, height);
-            const bool point = core.basePoints(0, row);
+            const bool point = core.sensors.isPoint(0, row);
             QVERIFY2(near(plot, row, y, point ? Qt::red : Qt::black), qPrintable(QString::number(row)));
             lulls += core.data.lullFlags[static_cast<std::size_t>(row)] && at(plot, row, 1) == QColor(Qt::white);
             points += point;
@@ -202,8 +202,8 @@ private Q_SLOTS:
         const QImage companion = desk.plot(1);
         QTest::mouseClick(bar, Qt::LeftButton, {},
                           {bar->width() * 2 / 3, bar->height() / 2}); // beside the thumb: one page
-        QCOMPARE(desk.core().HScroll1.Value, desk.core().HScroll1.LargeChange);
-        QCOMPARE(bar->value(), desk.core().HScroll1.Value);
+        QCOMPARE(desk.core().view.HScroll1.Value, desk.core().view.HScroll1.LargeChange);
+        QCOMPARE(bar->value(), desk.core().view.HScroll1.Value);
         QVERIFY(desk.plot(0) != main);
         QVERIFY(desk.plot(1) != companion);
         QCOMPARE(desk.form->focusWidget(), desk.find("Picture1_0"));
@@ -217,10 +217,10 @@ private Q_SLOTS:
         const QPoint thumb(bar->height() + 10, bar->height() / 2); // beside the arrow
         QTest::mousePress(bar, Qt::LeftButton, {}, thumb);
         QTest::mouseMove(bar, thumb + QPoint(60, 0));
-        const int halfWay = desk.core().HScroll1.Value;
+        const int halfWay = desk.core().view.HScroll1.Value;
         QVERIFY(halfWay > 0);
         QTest::mouseRelease(bar, Qt::LeftButton, {}, thumb + QPoint(60, 0));
-        QCOMPARE(desk.core().HScroll1.Value, halfWay);
+        QCOMPARE(desk.core().view.HScroll1.Value, halfWay);
         QCOMPARE(bar->value(), halfWay);
     }
 
@@ -229,11 +229,11 @@ private Q_SLOTS:
         Desk desk;
         desk.openSample();
         desk.chooseFirstSensor(1);
-        const int before = desk.core().HScroll1.Max;
+        const int before = desk.core().view.HScroll1.Max;
         const int width = desk.find("Picture1_0")->width();
         desk.form->resize(desk.form->width() + 200, desk.form->height());
         QTRY_COMPARE(desk.find("Picture1_0")->width(), width + 200);
-        QCOMPARE(desk.core().HScroll1.Max, before - 200); // one unit to a row
+        QCOMPARE(desk.core().view.HScroll1.Max, before - 200); // one unit to a row
         QCOMPARE(desk.find<QScrollBar>("HScroll1")->maximum(), before - 200);
         const QImage companion = desk.plot(1).copy(width + 100, 0, 100, desk.find("Picture1_1")->height());
         QVERIFY(anywhere(companion, Qt::black));
@@ -281,7 +281,7 @@ private Q_SLOTS:
         desk.chooseFirstSensor(1);
         const std::array before{desk.plot(0), desk.plot(1)};
         desk.form->setWindowState(Qt::WindowMinimized);
-        for (int index = 0; index < 2; ++index) desk.form->surface(index).erase();
+        for (int index = 0; index < 2; ++index) desk.toolkit().surface(index).erase();
         QVERIFY(desk.plot(0) != before[0]);
         desk.form->setWindowState(Qt::WindowNoState);
         QCOMPARE(desk.plot(0), before[0]);
@@ -322,7 +322,7 @@ private Q_SLOTS:
         desk.openSample();
         QVERIFY(!desk.entry("mnuViewZoomOut")->isEnabled());
         for (int i = 0; i < 3; ++i) desk.entry("mnuViewZoomIn")->trigger();
-        QCOMPARE(int(desk.core().zoomFactor), 8);
+        QCOMPARE(int(desk.core().view.zoomFactor), 8);
         QVERIFY(!desk.entry("mnuViewZoomIn")->isEnabled());
         QVERIFY(desk.entry("mnuViewZoomOut")->isEnabled());
     }
@@ -365,7 +365,7 @@ private Q_SLOTS:
         desk.openSample();
         desk.chooseFirstSensor();
         const QImage drawn = desk.plot(0);
-        desk.form->surface(0).erase();
+        desk.toolkit().surface(0).erase();
         QVERIFY(!anywhere(desk.plot(0), Qt::black));
         auto* list = desk.find<QComboBox>("varList0");
         list->showPopup();
@@ -383,7 +383,7 @@ private Q_SLOTS:
         desk.click("OKButton");
         QVERIFY2(desk.said.contains(QStringLiteral("99")), qPrintable(desk.said));
         QVERIFY(desk.find("labelForm")->isVisible());
-        QVERIFY(!desk.core().Turbo);
+        QVERIFY(!desk.core().view.Turbo);
     }
 };
 

@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "desk.h"
 
-#include <QApplication>
-#include <QPalette>
 #include <QRegularExpression>
 #include <QScrollBar>
 
@@ -25,9 +23,9 @@ public:
         for (int row = 0; row < 3000; ++row) file << row / 48 + 1 << ',' << row % 48 << ',' << 8 + row % 5 << ",\r\n";
         file.close();
         open(path);
-        form->command([this] {
-            core().chooseColumn(0, 2);
-            core().chooseColumn(1, 0);
+        command([this] {
+            core().lists.choose(0, 2);
+            core().lists.choose(1, 0);
         });
         if (!shown) form->grab(); // lays the window out, so that its showing changes no size
         keepDrawing();
@@ -36,7 +34,7 @@ public:
     void spoil()
     {
         for (int index = 0; index < 2; ++index) {
-            Surface& area = form->surface(index);
+            Surface& area = toolkit().surface(index);
             area.filledBox(0, 0, area.scaleWidth(), area.scaleHeight(), colors::kBlue);
         }
         if (isDrawn(0) || isDrawn(1)) qFatal("nothing spoilt");
@@ -60,22 +58,6 @@ private:
     }
 
     std::array<QImage, 2> m_drawn;
-};
-
-/// The program under a palette of light text on black, until the test ends.
-class DarkTheme {
-public:
-    DarkTheme()
-    {
-        QApplication::setPalette(QPalette(Qt::white, Qt::black, Qt::gray, Qt::black, Qt::darkGray, Qt::white, Qt::white,
-                                          Qt::black, Qt::black));
-    }
-    ~DarkTheme() { QApplication::setPalette(m_before); }
-    DarkTheme(const DarkTheme&) = delete;
-    DarkTheme& operator=(const DarkTheme&) = delete;
-
-private:
-    QPalette m_before = QApplication::palette();
 };
 
 const QColor kGround = QColor(PlotSurface::kBackground);
@@ -129,7 +111,7 @@ private Q_SLOTS:
         PlottedDesk desk;
         for (const int index : {0, 1}) {
             QCOMPARE(at(desk.plot(index), 9, 1), kGround); // above the highest value
-            desk.form->surface(index).erase();
+            desk.toolkit().surface(index).erase();
             QCOMPARE(at(desk.plot(index), 9, 9), kGround);
         }
     }
@@ -143,18 +125,18 @@ private Q_SLOTS:
         const QPoint thumb(bar->height() + 10, bar->height() / 2); // beside the arrow
         QTest::mousePress(bar, Qt::LeftButton, {}, thumb);
         QTest::mouseMove(bar, thumb + QPoint(60, 0));
-        QVERIFY(desk.core().HScroll1.Value > 0);
+        QVERIFY(desk.core().view.HScroll1.Value > 0);
         QCOMPARE(desk.form->focusWidget(), box);
         desk.keepDrawing();
-        const double scaleOfCompanion = desk.core().yScale; // the area drawn last leaves its scale
+        const double scaleOfCompanion = desk.core().view.yScale; // the area drawn last leaves its scale
         desk.spoil();
         QTest::mouseRelease(bar, Qt::LeftButton, {}, thumb + QPoint(60, 0));
         QVERIFY(desk.isDrawn(0));
         QVERIFY(desk.isDrawn(1));
         QCOMPARE(desk.form->focusWidget(), desk.find("Picture1_0"));
         // Readings run from 8 to 12: their range of 4 takes the height over 1.1.
-        QCOMPARE(desk.core().yScale, desk.find("Picture1_0")->height() / 4.4);
-        QVERIFY(desk.core().yScale != scaleOfCompanion);
+        QCOMPARE(desk.core().view.yScale, desk.find("Picture1_0")->height() / 4.4);
+        QVERIFY(desk.core().view.yScale != scaleOfCompanion);
     }
 
     void aColumnPickedWhileTheWindowIsBusyIsNotTakenNorShown()
@@ -162,17 +144,17 @@ private Q_SLOTS:
         PlottedDesk desk;
         auto* list = desk.find<QComboBox>("varList0");
         bool wasAsked = false;
-        desk.form->askForFile = [&](QWidget*, const FileDialog&, bool) -> std::optional<ChosenFile> {
+        desk.toolkit().askForFile = [&](QWidget*, const FileDialog&, bool) -> std::optional<ChosenFile> {
             wasAsked = true;
             QTest::keyClick(list, Qt::Key_Up);
             return {};
         };
         desk.entry("mnuFileOpen")->trigger();
         QVERIFY(wasAsked);
-        QCOMPARE(desk.core().varList[0].chosen, 2);
+        QCOMPARE(desk.core().view.chosenColumn[0], 2);
         QCOMPARE(list->currentIndex(), 2);
         QTest::keyClick(list, Qt::Key_Up); // and now it is
-        QCOMPARE(desk.core().varList[0].chosen, 1);
+        QCOMPARE(desk.core().view.chosenColumn[0], 1);
     }
 };
 

@@ -26,9 +26,9 @@ public:
     {
         connect(&m_timer, &QTimer::timeout, this, [this, &windows, choose = std::move(choose)] {
             for (FrmMain* window : windows.mainWindows())
-                for (auto* box : window->findChildren<QMessageBox*>(QStringLiteral("messageBox")))
+                for (auto* box : window->form().findChildren<QMessageBox*>(QStringLiteral("messageBox")))
                     if (box->isVisible()) {
-                        asked.append(window->windowTitle());
+                        asked.append(window->form().windowTitle());
                         titles.append(box->windowTitle());
                         return QTest::mouseClick(box->button(choose(*window)), Qt::LeftButton);
                     }
@@ -59,7 +59,7 @@ private Q_SLOTS:
         QVERIFY(!desk.form->close());
         QCOMPARE(desk.title, QStringLiteral("Close window:"));
         QVERIFY(desk.form->isVisible());
-        QVERIFY(!desk.core().haveLabelForm()); // its dialogs go even so
+        QVERIFY(!desk.core().forms.haveLabelForm()); // its dialogs go even so
 
         desk.onBox([](QMessageBox& box) { QTest::keyClick(&box, Qt::Key_Escape); });
         QVERIFY(!desk.form->close());
@@ -77,7 +77,7 @@ private Q_SLOTS:
         desk.core().data.saveCheck = false;
         Questions questions(desk.windows, [&](FrmMain& asked) {
             QCloseEvent again; // `close()` itself would not send a second one
-            QCoreApplication::sendEvent(&asked, &again);
+            QCoreApplication::sendEvent(&asked.form(), &again);
             return QMessageBox::Cancel;
         });
         QVERIFY(!desk.form->close());
@@ -90,7 +90,7 @@ private Q_SLOTS:
     {
         Desk desk;
         bool closedMeanwhile = true;
-        desk.form->askForFile = [&](QWidget*, const FileDialog&, bool) -> std::optional<ChosenFile> {
+        desk.toolkit().askForFile = [&](QWidget*, const FileDialog&, bool) -> std::optional<ChosenFile> {
             closedMeanwhile = desk.form->close();
             desk.entry("mnuFileOpen")->trigger(); // dropped: the window is busy
             return {};
@@ -107,10 +107,10 @@ private Q_SLOTS:
         desk.entry("mnuFileNew")->trigger();
         const auto windows = desk.windows.mainWindows();
         QCOMPARE(windows.size(), std::size_t{3});
-        QCOMPARE(windows[1]->windowTitle(), QStringLiteral("Tarvelint 1"));
-        QCOMPARE(windows[2]->windowTitle(), QStringLiteral("Tarvelint 2"));
+        QCOMPARE(windows[1]->form().windowTitle(), QStringLiteral("Tarvelint 1"));
+        QCOMPARE(windows[2]->form().windowTitle(), QStringLiteral("Tarvelint 2"));
         QSignalSpy gone(&desk.windows, &WindowList::lastClosed);
-        windows[1]->findChild<QAction*>(QStringLiteral("mnuFileExit"))->trigger();
+        windows[1]->form().findChild<QAction*>(QStringLiteral("mnuFileExit"))->trigger();
         QTRY_COMPARE(gone.count(), 1);
     }
 
@@ -123,7 +123,7 @@ private Q_SLOTS:
         for (const std::size_t unsaved : {0U, 1U}) opened[unsaved]->core().data.saveCheck = false;
         Questions questions(
             desk.windows, [&](FrmMain& asked) { return &asked == opened[1] ? QMessageBox::Cancel : QMessageBox::No; });
-        opened[2]->findChild<QAction*>(QStringLiteral("mnuFileExit"))->trigger();
+        opened[2]->form().findChild<QAction*>(QStringLiteral("mnuFileExit"))->trigger();
         QTRY_VERIFY(desk.windows.mainWindows() == std::vector<FrmMain*>{opened[1]});
         QCOMPARE(questions.asked, (QStringList{QStringLiteral("Tarvelint 1"), QStringLiteral("Tarvelint")}));
         QCOMPARE(questions.titles, (QStringList{QStringLiteral("Close window:"), QStringLiteral("Close window:")}));
@@ -150,15 +150,47 @@ private Q_SLOTS:
         QCOMPARE(desk.settings.values["MainHeight"], std::string("18000"));
     }
 
+    void aMinimisedWindowStoresNoGeometryThoughItsQuestionBringsItBack()
+    {
+        Desk desk;
+        desk.core().data.saveCheck = false;
+        desk.form->setWindowState(Qt::WindowMinimized);
+        desk.settings.values.clear();
+        bool wasSeen = false;
+        desk.onBox([&](QMessageBox& box) {
+            wasSeen = !desk.form->isMinimized();
+            QTest::mouseClick(box.button(QMessageBox::Cancel), Qt::LeftButton);
+        });
+        QVERIFY(!desk.form->close());
+        QVERIFY(wasSeen);
+        QVERIFY(desk.settings.values.contains("ZoomFactor")); // the settings are written, the window stays
+        QVERIFY(!desk.settings.values.contains("MainLeft"));
+        QVERIFY(!desk.form->isMinimized());
+        desk.answer(QMessageBox::No); // and by now it is not minimised
+        QVERIFY(desk.form->close());
+        QVERIFY(desk.settings.values.contains("MainLeft"));
+    }
+
+    void aMaximisedWindowIsMaximisedAgainWhenAQuestionBringsItBack()
+    {
+        Desk desk;
+        desk.core().data.saveCheck = false;
+        desk.form->setWindowState(Qt::WindowMaximized | Qt::WindowMinimized);
+        desk.answer(QMessageBox::Cancel);
+        QVERIFY(!desk.form->close());
+        QVERIFY(desk.form->isMaximized());
+        QVERIFY(!desk.form->isMinimized());
+    }
+
     void exitCancelsTheQuestionOfAnotherWindow()
     {
         Desk desk;
         desk.openSample();
         desk.entry("mnuFileNew")->trigger();
-        FrmMain* other = desk.windows.mainWindows().back();
+        MainForm& other = desk.windows.mainWindows().back()->form();
         QSignalSpy gone(&desk.windows, &WindowList::lastClosed);
         desk.onBox([&](QMessageBox& box) {
-            other->findChild<QAction*>(QStringLiteral("mnuFileExit"))->trigger();
+            other.findChild<QAction*>(QStringLiteral("mnuFileExit"))->trigger();
             QVERIFY(!box.isVisible());
             desk.answer(QMessageBox::No); // the window goes once its first close has unwound, and asks then
         });
@@ -170,8 +202,8 @@ private Q_SLOTS:
     void aWindowPlacedOffEveryScreenComesOntoOne()
     {
         Desk desk(false);
-        desk.form->setGeometry(Geometry{300000, 300000, 9000, 9000});
-        const Geometry place = desk.form->geometry();
+        desk.toolkit().setGeometry(Geometry{300000, 300000, 9000, 9000});
+        const Geometry place = desk.toolkit().geometry();
         QCOMPARE(place,
                  (Geometry{(1600 - 600) * 15, (1200 - 600) * 15, 9000, 9000})); // the screen has 1600 x 1200 pixels
     }
@@ -225,7 +257,7 @@ private Q_SLOTS:
         QVERIFY(QDir(home.path()).mkpath(QStringLiteral("Tarvelint/Tarvelint.ini"))); // a folder where the file belongs
         StartUp startUp;
         startUp.Main();
-        FrmMain* first = startUp.windows().mainWindows().front();
+        MainForm* first = &startUp.windows().mainWindows().front()->form();
         QString said;
         QTimer watch;
         connect(&watch, &QTimer::timeout, first, [&] {
@@ -245,7 +277,7 @@ private Q_SLOTS:
         QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, home.path());
         StartUp startUp;
         startUp.Main();
-        FrmMain* first = startUp.windows().mainWindows().front();
+        MainForm* first = &startUp.windows().mainWindows().front()->form();
         QVERIFY(!first->isVisible());
         QCOMPARE(first->windowTitle(), QStringLiteral("Tarvelint"));
         for (QWidget* top : QApplication::topLevelWidgets())

@@ -143,15 +143,5 @@ TEST_F(UserSettingsTest, aFileThatMayNotBeReadIsTroubleThatNamesItAndStaysUnharm
     EXPECT_EQ(stored(), "[Settings]\nBlank=-1\n");
 }
 
-TEST(RunSettings, areEmptyAtFirstAndKeepWhatTheRunWrites)
-{
-    RunSettings settings;
-    EXPECT_EQ(settings.readSetting("Blank", "99999"), "99999");
-    settings.writeSetting("Blank", "-1");
-    settings.writeSetting("Blank", "-2");
-    EXPECT_EQ(settings.readSetting("Blank", "99999"), "-2");
-    EXPECT_EQ(RunSettings().readSetting("Blank", "99999"), "99999");
-}
-
 } // namespace
 } // namespace tarvelint::test

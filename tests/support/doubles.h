@@ -2,6 +2,7 @@
 #pragma once
 
 #include "data/settings_store.h"
+#include "window/dialogs.h"
 #include "window/ports.h"
 #include "window/surface.h"
 #include "window/ui.h"
@@ -138,17 +139,19 @@ public:
     }
 };
 
-class FakeUi : public Ui {
+class FakeUi : public Ui, public Dialogs {
 public:
     std::array<RecordingSurface, 2> surfaces;
     std::vector<std::string> log; ///< "beep", "focus N", "status ...", in order of happening
     std::vector<Message> messages;
-    std::deque<Answer> answers; ///< answers to boxes with a choice; a box with OK only needs none
+    std::deque<Answer> answers;      ///< answers to boxes with a choice; a box with OK only needs none
+    std::function<void()> onMessage; ///< what happens while a box is shown
     std::deque<std::optional<ChosenFile>> openChoices;
     std::deque<std::optional<ChosenFile>> saveChoices;
     std::vector<FileDialog> fileDialogs;
     std::function<void()> onSaveContents; ///< plays the user in the save-contents dialog
     std::function<void()> onPendingEvents;
+    std::function<void()> onPaintStatus;
     bool columnSetupShown = false;
     bool columnSetupBlocks = false;
     bool unloaded = false;
@@ -169,6 +172,7 @@ public:
     Answer messageBox(const Message& message) override
     {
         messages.push_back(message);
+        if (onMessage) onMessage();
         if (message.buttons == Buttons::ok) return Answer::ok;
         if (answers.empty()) throw std::logic_error("unexpected question: " + message.text);
         const Answer answer = answers.front();
@@ -202,7 +206,11 @@ public:
         onSaveContents();
     }
     void unloadSaveContents() override { log.push_back("unload save contents"); }
-    void paintStatus() override { log.push_back("paint status"); }
+    void paintStatus() override
+    {
+        log.push_back("paint status");
+        if (onPaintStatus) onPaintStatus();
+    }
     void letPendingEventsRun() override
     {
         if (onPendingEvents) onPendingEvents();

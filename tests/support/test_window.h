@@ -22,31 +22,23 @@ struct Ground {
 /// subsystem can be tested alone. Tests that need a neighbour to act override it.
 class TestWindow : public Ground, public Window {
 public:
-    TestWindow() : Window(fakeUi, Environment{settings, style, files, clock}) {}
+    TestWindow() : Window(fakeUi, fakeUi, Environment{settings, style, files, clock}) {}
 
     std::vector<std::string> calls;
 
     void redraw(int index, bool clear) override { note("redraw", index, clear); }
     void updateCues() override { calls.emplace_back("updateCues"); }
-    void updateLabels() override { calls.emplace_back("updateLabels"); }
-    void varList_Change(int index) override { note("varList_Change", index); }
-    void scrollset() override { calls.emplace_back("scrollset"); }
-    void HScroll1_Change() override { calls.emplace_back("HScroll1_Change"); }
     void undoSave(std::int32_t column) override { note("undoSave", column); }
-    void skip() override { calls.emplace_back("skip"); }
-    void convButton_Click() override { calls.emplace_back("convButton_Click"); }
-    void forgetUndo() override { calls.emplace_back("forgetUndo"); }
-    void setPoint(std::int32_t toPoint, std::int32_t fromPoint, bool dlt) override
+    bool skip(bool draws) override
     {
-        note("setPoint", toPoint, fromPoint, dlt);
+        note("skip", draws);
+        return skips;
     }
-    void turboCalc(std::int32_t column, std::int32_t lPoint, std::int32_t rPoint) override
-    {
-        note("turboCalc", column, lPoint, rPoint);
-    }
-    void preProcess() override { calls.emplace_back("preProcess"); }
-    void getBase() override { calls.emplace_back("getBase"); }
-    void setcaption(std::string& captn) override { calls.emplace_back("setcaption " + captn); }
+    bool skips = true; ///< False at the record's end
+
+    /// The columns of readings as sensors, in this order (0-based), without points.
+    void makeSensors(std::vector<std::int32_t> columns) { sensors.assign(std::move(columns), data.lines); }
+    void choose(std::int32_t column0) { view.chosenColumn[0] = column0; }
 
     /// Columns of readings (layer 1), all of one length; baseline and converted start as 0.
     void setReadings(const std::vector<std::vector<double>>& columns)

@@ -1,6 +1,4 @@
 // SPDX-License-Identifier: MIT
-#include "view/cues.h"
-
 #include "view/panel_fixture.h"
 
 namespace tarvelint::test {
@@ -15,7 +13,7 @@ TEST(VarListChange, showsTheColumnAndGivesThePlotTheFocus)
     panel.setVisible(Control::HScroll1, false);
     panel.setEnabled(Control::Picture1_0, false);
     panel.choose(0, 2);
-    EXPECT_EQ(panel.curCol, 2);
+    EXPECT_EQ(panel.view.curCol(), 2);
     EXPECT_TRUE(panel.control(Control::HScroll1).visible);
     EXPECT_TRUE(panel.isEnabled(Control::Picture1_0));
     EXPECT_THAT(panel.calls, ElementsAre("redraw 0 True", "updateCues"));
@@ -27,25 +25,25 @@ TEST(VarListChange, aClickOnTheSameEntryDoesItAgain)
     Panel panel;
     panel.choose(0, 2);
     panel.calls.clear();
-    panel.cues.varList_Click(0);
+    panel.lists.varList_Click(0);
     EXPECT_THAT(panel.calls, ElementsAre("redraw 0 True", "updateCues"));
 }
 
 TEST(VarListChange, ofTheCompanionChangesNeitherTheColumnBeingWorkedOnNorTheCues)
 {
     Panel panel;
-    panel.setUpColumns({1, 2});
-    panel.Turbo = true;
-    panel.curCol = 2;
-    panel.curSensor = 0;
-    panel.markRow = 1;
+    panel.data.parameters = {true, true};
+    panel.view.Turbo = true;
+    panel.choose(2);
+    panel.view.curSensor = 0;
+    panel.view.markRow = 1;
     panel.setEnabled(Control::Picture1_1, false);
     panel.setEnabled(Control::convButton, true);
     panel.fakeUi.focused.clear();
     panel.choose(1, 0);
-    EXPECT_EQ(panel.curCol, 2);
-    EXPECT_EQ(panel.curSensor, 0);
-    EXPECT_EQ(panel.markRow, 1);
+    EXPECT_EQ(panel.view.curCol(), 2);
+    EXPECT_EQ(panel.view.curSensor, 0);
+    EXPECT_EQ(panel.view.markRow, 1);
     EXPECT_TRUE(panel.isEnabled(Control::convButton));
     EXPECT_TRUE(panel.isEnabled(Control::Picture1_1));
     EXPECT_THAT(panel.calls, ElementsAre("redraw 1 True"));
@@ -55,60 +53,45 @@ TEST(VarListChange, ofTheCompanionChangesNeitherTheColumnBeingWorkedOnNorTheCues
 TEST(VarListChange, findsTheSensorOrdinalInTurboAndDropsThePointInHand)
 {
     Panel panel;
-    panel.Turbo = true;
-    panel.markRow = panel.grabbedPoint = panel.dragRow = 1;
+    panel.view.Turbo = true;
+    panel.view.markRow = panel.view.grabbedPoint = panel.view.dragRow = 1;
     panel.choose(0, 3);
-    EXPECT_EQ(panel.curSensor, 1);
-    EXPECT_EQ(panel.markRow, -1);
-    EXPECT_EQ(panel.grabbedPoint, -1);
-    EXPECT_EQ(panel.dragRow, -1);
+    EXPECT_EQ(panel.view.curSensor, 1);
+    EXPECT_EQ(panel.view.markRow, -1);
+    EXPECT_EQ(panel.view.grabbedPoint, -1);
+    EXPECT_EQ(panel.view.dragRow, -1);
 }
 
 TEST(VarListChange, aParameterColumnHasNoSensorOrdinal)
 {
     Panel panel;
-    panel.Turbo = true;
+    panel.view.Turbo = true;
     panel.choose(0, 2);
-    EXPECT_EQ(panel.curSensor, 0);
+    EXPECT_EQ(panel.view.curSensor, 0);
     panel.choose(0, 1);
-    EXPECT_EQ(panel.curSensor, -1);
-}
-
-TEST(VarListChange, looksAtCountedSensorsOnlyAndTakesTheFirst)
-{
-    Panel panel;
-    panel.Turbo = true;
-    panel.sensors = 1;
-    panel.choose(0, 3);
-    EXPECT_EQ(panel.curSensor, -1);
-    panel.sensors = 5; // more than are listed
-    panel.sensorCols = {3, 3};
-    panel.choose(0, 2);
-    EXPECT_EQ(panel.curSensor, 0);
-    panel.choose(0, 1);
-    EXPECT_EQ(panel.curSensor, -1);
+    EXPECT_EQ(panel.view.curSensor, -1);
 }
 
 TEST(VarListChange, withoutTurboLeavesOrdinalAndPointsAlone)
 {
     Panel panel;
-    panel.curSensor = 5;
-    panel.markRow = panel.grabbedPoint = panel.dragRow = 1;
+    panel.view.curSensor = 5;
+    panel.view.markRow = panel.view.grabbedPoint = panel.view.dragRow = 1;
     panel.choose(0, 3);
-    EXPECT_EQ(panel.curSensor, 5);
-    EXPECT_EQ(panel.markRow, 1);
-    EXPECT_EQ(panel.grabbedPoint, 1);
-    EXPECT_EQ(panel.dragRow, 1);
+    EXPECT_EQ(panel.view.curSensor, 5);
+    EXPECT_EQ(panel.view.markRow, 1);
+    EXPECT_EQ(panel.view.grabbedPoint, 1);
+    EXPECT_EQ(panel.view.dragRow, 1);
 }
 
 TEST(VarListChange, toNoEntryDrawsNothing)
 {
     Panel panel;
-    panel.curCol = 2;
+    panel.choose(2);
     panel.setVisible(Control::HScroll1, false);
     panel.setEnabled(Control::Picture1_0, false);
     panel.choose(0, -1);
-    EXPECT_EQ(panel.curCol, -1);
+    EXPECT_EQ(panel.view.curCol(), -1);
     EXPECT_FALSE(panel.control(Control::HScroll1).visible);
     EXPECT_FALSE(panel.isEnabled(Control::Picture1_0));
     EXPECT_THAT(panel.calls, ElementsAre("updateCues"));
@@ -118,24 +101,45 @@ TEST(VarListChange, toNoEntryDrawsNothing)
     EXPECT_THAT(panel.calls, IsEmpty());
 }
 
-TEST(VarListChange, convertIsForSensorColumnsOnceTheColumnsAreSetUp)
+TEST(VarListChange, convertIsForSensorColumns)
 {
     Panel panel;
-    panel.setUpColumns({1, 2});
+    panel.data.parameters = {true, true};
     panel.choose(0, 1);
     EXPECT_FALSE(panel.isEnabled(Control::convButton));
     panel.choose(0, 2);
     EXPECT_TRUE(panel.isEnabled(Control::convButton));
 }
 
-TEST(VarListChange, withoutAColumnSetupConvertStaysAsItWas)
+TEST(ColumnChoice, alwaysShowsTheColumnAlsoTheSameOne)
 {
-    for (const bool before : {false, true}) {
-        Panel panel;
-        panel.setEnabled(Control::convButton, before);
-        panel.choose(0, 0);
-        EXPECT_EQ(panel.isEnabled(Control::convButton), before);
-    }
+    Panel panel;
+    panel.lists.choose(1, 1);
+    panel.lists.choose(1, 1);
+    EXPECT_EQ(panel.view.chosen(1), 1);
+    EXPECT_EQ(panel.view.curCol(), -1);
+    EXPECT_THAT(panel.calls, ElementsAre("redraw 1 True", "redraw 1 True"));
+}
+
+TEST(ColumnEntries, ofANewRecordLeaveNothingChosen)
+{
+    Panel panel;
+    panel.choose(0, 2);
+    panel.choose(1, 3);
+    panel.calls.clear();
+    panel.lists.fill();
+    EXPECT_EQ(panel.view.chosen(0), -1);
+    EXPECT_EQ(panel.view.chosen(1), -1);
+    EXPECT_THAT(panel.view.columnEntries, ElementsAre("day", "time", "oak", "pine"));
+    EXPECT_THAT(panel.calls, IsEmpty());
+}
+
+TEST(ColumnEntries, areNumbersWhileLabelsAreNotShown)
+{
+    Panel panel;
+    panel.view.showsLabels = false;
+    panel.lists.fill();
+    EXPECT_THAT(panel.view.columnEntries, ElementsAre("1", "2", "3", "4"));
 }
 
 // ---- labels
@@ -143,12 +147,12 @@ TEST(VarListChange, withoutAColumnSetupConvertStaysAsItWas)
 TEST(ShowLabels, switchesBothListsBetweenLabelsAndColumnNumbers)
 {
     Panel panel;
-    panel.cues.labelBox_Click(false);
+    panel.lists.labelBox_Click(false);
     EXPECT_FALSE(panel.isChecked(Control::labelBox));
-    for (const auto& list : panel.varList) EXPECT_THAT(list.entries, ElementsAre("1", "2", "3", "4"));
-    panel.cues.labelBox_Click(true);
+    EXPECT_THAT(panel.view.columnEntries, ElementsAre("1", "2", "3", "4"));
+    panel.lists.labelBox_Click(true);
     EXPECT_TRUE(panel.isChecked(Control::labelBox));
-    for (const auto& list : panel.varList) EXPECT_THAT(list.entries, ElementsAre("day", "time", "oak", "pine"));
+    EXPECT_THAT(panel.view.columnEntries, ElementsAre("day", "time", "oak", "pine"));
 }
 
 TEST(ShowLabels, keepsTheChosenColumnsAndDrawsNothing)
@@ -156,8 +160,8 @@ TEST(ShowLabels, keepsTheChosenColumnsAndDrawsNothing)
     Panel panel;
     panel.choose(0, 2);
     panel.calls.clear();
-    panel.cues.labelBox_Click(false);
-    EXPECT_EQ(panel.varList[0].chosen, 2);
+    panel.lists.labelBox_Click(false);
+    EXPECT_EQ(panel.view.chosenColumn[0], 2);
     EXPECT_THAT(panel.calls, IsEmpty());
 }
 
@@ -165,72 +169,41 @@ TEST(ShowLabels, aColumnWithoutALabelKeepsItsNumber)
 {
     Panel panel;
     panel.data.labels = {"day"};
-    panel.cues.labelBox_Click(true);
-    EXPECT_THAT(panel.varList[1].entries, ElementsAre("day", "2", "3", "4"));
+    panel.lists.labelBox_Click(true);
+    EXPECT_THAT(panel.view.columnEntries, ElementsAre("day", "2", "3", "4"));
 }
 
-TEST(UpdateLabels, takesTheDialogsTextsIntoRecordAndBothLists)
+TEST(UpdateLabels, takesTheTextsIntoRecordAndLists)
 {
     Panel panel;
-    panel.setUpColumns({});
-    panel.labelFrm->setLabelBox(3, "Quercus");
-    panel.labelFrm->setLabelBox(4, "");
-    panel.cues.updateLabels();
+    panel.lists.updateLabels({"day", "time", "Quercus", ""});
     EXPECT_THAT(panel.data.labels, ElementsAre("day", "time", "Quercus", ""));
-    for (const auto& list : panel.varList) EXPECT_THAT(list.entries, ElementsAre("day", "time", "Quercus", ""));
+    EXPECT_THAT(panel.view.columnEntries, ElementsAre("day", "time", "Quercus", ""));
+}
+
+TEST(UpdateLabels, textsForColumnsThatAreNotThereAreDropped)
+{
+    Panel panel;
+    panel.lists.updateLabels({"a", "b", "c", "d", "e"});
+    EXPECT_THAT(panel.data.labels, ElementsAre("a", "b", "c", "d"));
+}
+
+TEST(UpdateLabels, keepsTheChosenColumnsAndDrawsNothing)
+{
+    Panel panel;
+    panel.choose(0, 1);
+    panel.calls.clear();
+    panel.lists.updateLabels({"1", "spruce", "c", "d"});
+    EXPECT_EQ(panel.view.chosen(0), 1);
+    EXPECT_THAT(panel.calls, IsEmpty());
 }
 
 TEST(UpdateLabels, showsTheLabelsEvenWhileNumbersWereShown)
 {
     Panel panel;
-    panel.setUpColumns({});
-    panel.cues.labelBox_Click(false);
-    panel.cues.updateLabels();
-    EXPECT_THAT(panel.varList[0].entries, ElementsAre("day", "time", "oak", "pine"));
-}
-
-TEST(UpdateLabels, withoutADialogChangesNothing)
-{
-    Panel panel;
-    panel.cues.updateLabels();
-    EXPECT_THAT(panel.data.labels, ElementsAre("day", "time", "oak", "pine"));
-}
-
-TEST(LabelButton, createsTheDialogAtItsFirstUseAndKeepsTheFocusOnThePlot)
-{
-    Panel panel;
-    EXPECT_FALSE(panel.haveLabelForm());
-    panel.cues.labelButton_Click();
-    ASSERT_TRUE(panel.haveLabelForm());
-    EXPECT_EQ(panel.labelFrm->rows(), 4);
-    EXPECT_EQ(panel.labelFrm->labelBox(3), "oak");
-    EXPECT_EQ(panel.labelFrm->boxes.vpdBox, "11") << "from the settings";
-    EXPECT_TRUE(panel.fakeUi.columnSetupShown);
-    EXPECT_FALSE(panel.fakeUi.columnSetupBlocks);
-    EXPECT_THAT(panel.fakeUi.focused, ElementsAre(Control::Picture1_0));
-}
-
-TEST(LabelButton, showsTheSameDialogAgainWithFreshLabels)
-{
-    Panel panel;
-    panel.setUpColumns({1});
-    const ColumnSetup* dialog = panel.labelFrm.get();
-    panel.data.labels[2] = "beech";
-    panel.cues.mnuViewLabels_Click();
-    EXPECT_EQ(panel.labelFrm.get(), dialog);
-    EXPECT_EQ(panel.labelFrm->labelBox(3), "beech");
-    EXPECT_TRUE(panel.labelFrm->checkBox(1)) << "marks stand as the last OK left them";
-    EXPECT_TRUE(panel.fakeUi.columnSetupShown);
-    EXPECT_FALSE(panel.fakeUi.columnSetupBlocks);
-}
-
-TEST(LabelButton, itsMenuEntryDoesTheSame)
-{
-    Panel panel;
-    panel.cues.mnuViewLabels_Click();
-    EXPECT_TRUE(panel.haveLabelForm());
-    EXPECT_TRUE(panel.fakeUi.columnSetupShown);
-    EXPECT_THAT(panel.fakeUi.focused, ElementsAre(Control::Picture1_0));
+    panel.lists.labelBox_Click(false);
+    panel.lists.updateLabels(panel.data.labels);
+    EXPECT_THAT(panel.view.columnEntries, ElementsAre("day", "time", "oak", "pine"));
 }
 
 } // namespace

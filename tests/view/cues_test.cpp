@@ -1,8 +1,6 @@
 // SPDX-License-Identifier: MIT
-#include "view/cues.h"
-
 #include "view/panel_fixture.h"
-#include "view/plot_rendering.h"
+#include "view/plot_redraw.h"
 
 #include <utility>
 
@@ -12,7 +10,7 @@ namespace {
 
 /// The same with a plot that draws, in areas of 100 x 110 units.
 struct DrawnPanel : Panel {
-    PlotRendering rendering{*this};
+    PlotRedraw rendering{*this};
     void redraw(int index, bool clear) override { rendering.redraw(index, clear); }
 };
 
@@ -21,7 +19,7 @@ struct DrawnPanel : Panel {
 TEST(UpdateCues, reportsReadingDayAndTimeAtBothEndsOfTheSelection)
 {
     Panel panel;
-    panel.curCol = 2;
+    panel.choose(2);
     panel.select(0, 2);
     panel.cues.updateCues();
     EXPECT_EQ(panel.leftCues(), (Texts{"1.5000", "123", "0.5"}));
@@ -32,7 +30,7 @@ TEST(UpdateCues, groupsAsTheSystemDoesAndKeepsThePoint)
 {
     Panel panel;
     panel.style.sign = " ";
-    panel.curCol = 2;
+    panel.choose(2);
     panel.select(1, 2);
     panel.cues.updateCues();
     EXPECT_EQ(panel.leftCues(), (Texts{"0.0000", "124", "12.25"}));
@@ -42,8 +40,8 @@ TEST(UpdateCues, groupsAsTheSystemDoesAndKeepsThePoint)
 TEST(UpdateCues, showsReadingsInTheConvertedViewToo)
 {
     Panel panel;
-    panel.curCol = 3;
-    panel.curLayer = kConverted;
+    panel.choose(3);
+    panel.view.curLayer = kConverted;
     panel.data.values(kConverted, 3, 1) = 55;
     panel.select(1, 1);
     panel.cues.updateCues();
@@ -54,8 +52,8 @@ TEST(UpdateCues, showsReadingsInTheConvertedViewToo)
 TEST(UpdateCues, takesDayAndTimeFromTheReadingsInTheConvertedViewToo)
 {
     Panel panel; // parameter columns hold 0 in the converted layer
-    panel.curCol = 2;
-    panel.curLayer = kConverted;
+    panel.choose(2);
+    panel.view.curLayer = kConverted;
     panel.select(0, 1);
     panel.cues.updateCues();
     EXPECT_EQ(panel.leftCues(), (Texts{"1.5000", "123", "0.5"}));
@@ -66,7 +64,7 @@ TEST(UpdateCues, aSelectionThatIsNotInsideTheRecordKeepsTheOldTexts)
 {
     for (const auto& [first, last] : {std::pair{0, 3}, {-1, 1}, {2, 1}}) {
         Panel panel;
-        panel.curCol = 2;
+        panel.choose(2);
         for (const auto label : {Control::slLabel, Control::ldLabel, Control::ltLabel}) panel.setText(label, "old");
         panel.select(first, last);
         panel.cues.updateCues();
@@ -80,9 +78,9 @@ TEST(UpdateCues, aColumnThatDoesNotExistGivesAnEmptyText)
     panel.setText(Control::slLabel, "old");
     panel.setText(Control::rdLabel, "old");
     panel.setText(Control::rtLabel, "old");
-    panel.curCol = -1;
-    panel.data.dateCol = 0;
-    panel.data.timeCol = 5;
+    panel.choose(-1);
+    panel.view.dateCol = 0;
+    panel.view.timeCol = 5;
     panel.cues.updateCues();
     EXPECT_EQ(panel.leftCues(), (Texts{"", "", ""}));
     EXPECT_EQ(panel.rightCues(), (Texts{"", "", ""}));
@@ -93,13 +91,13 @@ TEST(UpdateCues, aColumnThatDoesNotExistGivesAnEmptyText)
 TEST(ViewButton, togglesTheMainAreaBetweenReadingsAndConvertedValues)
 {
     Panel panel;
-    panel.cues.viewButton_Click();
-    EXPECT_EQ(panel.curLayer, kConverted);
+    panel.display.viewButton_Click();
+    EXPECT_EQ(panel.view.curLayer, kConverted);
     EXPECT_EQ(panel.text(Control::statusPanel2), "Display: viewing output data");
     EXPECT_THAT(panel.calls, ElementsAre("redraw 0 True"));
     EXPECT_THAT(panel.fakeUi.focused, ElementsAre(Control::Picture1_0));
-    panel.cues.viewButton_Click();
-    EXPECT_EQ(panel.curLayer, kUnconverted);
+    panel.display.viewButton_Click();
+    EXPECT_EQ(panel.view.curLayer, kUnconverted);
     EXPECT_EQ(panel.text(Control::statusPanel2), "Display: viewing input data");
 }
 
@@ -107,19 +105,27 @@ TEST(ViewButton, aDisabledPlotGetsNoFocus)
 {
     Panel panel;
     panel.setEnabled(Control::Picture1_0, false);
-    panel.cues.viewButton_Click();
+    panel.display.viewButton_Click();
     EXPECT_THAT(panel.calls, ElementsAre("redraw 0 True"));
     EXPECT_THAT(panel.fakeUi.focused, IsEmpty());
+}
+
+TEST(ViewButton, fromTheBaselineLayerGoesBackToTheReadings)
+{
+    Panel panel;
+    panel.view.curLayer = kBaseline;
+    panel.display.viewButton_Click();
+    EXPECT_EQ(panel.view.curLayer, kUnconverted);
 }
 
 TEST(RangeControls, checkingAutoRedrawsAndUncheckingDoesNot)
 {
     Panel panel;
-    panel.cues.scaleBox_Click(1, true);
+    panel.display.scaleBox_Click(1, true);
     EXPECT_TRUE(panel.isChecked(Control::scaleBox1));
     EXPECT_FALSE(panel.isChecked(Control::scaleBox0));
     EXPECT_THAT(panel.calls, ElementsAre("redraw 1 True"));
-    panel.cues.scaleBox_Click(1, false);
+    panel.display.scaleBox_Click(1, false);
     EXPECT_FALSE(panel.isChecked(Control::scaleBox1));
     EXPECT_EQ(panel.calls.size(), 1U);
 }
@@ -130,10 +136,10 @@ TEST(RangeControls, checkingAutoAgainOverwritesBothBoxesWithTheVisibleExtremes)
     panel.choose(0, 3);
     panel.setText(Control::minLabel0, "-5");
     panel.setText(Control::maxLabel0, "50");
-    panel.cues.scaleBox_Click(0, true);
+    panel.display.scaleBox_Click(0, true);
     EXPECT_EQ(panel.text(Control::minLabel0), "7.0000");
     EXPECT_EQ(panel.text(Control::maxLabel0), "9.0000");
-    panel.cues.scaleBox_Click(0, false);
+    panel.display.scaleBox_Click(0, false);
     EXPECT_EQ(panel.text(Control::minLabel0), "7.0000");
 }
 
@@ -141,10 +147,10 @@ TEST(RangeControls, anyKeyInARangeBoxTurnsAutoOffForItsAreaOnly)
 {
     Panel panel;
     for (const auto check : {Control::scaleBox0, Control::scaleBox1}) panel.setChecked(check, true);
-    panel.cues.maxLabel_KeyPress(0);
+    panel.display.maxLabel_KeyPress(0);
     EXPECT_FALSE(panel.isChecked(Control::scaleBox0));
     EXPECT_TRUE(panel.isChecked(Control::scaleBox1));
-    panel.cues.minLabel_KeyPress(1);
+    panel.display.minLabel_KeyPress(1);
     EXPECT_FALSE(panel.isChecked(Control::scaleBox1));
     EXPECT_THAT(panel.calls, IsEmpty());
 }
@@ -153,9 +159,9 @@ TEST(RangeControls, aBoxRedrawsItsAreaOnceItsTextIsANumber)
 {
     Panel panel;
     panel.setText(Control::minLabel1, "-3.5");
-    panel.cues.minLabel_KeyUp(1);
+    panel.display.minLabel_KeyUp(1);
     panel.setText(Control::maxLabel0, " 12 ");
-    panel.cues.maxLabel_KeyUp(0);
+    panel.display.maxLabel_KeyUp(0);
     EXPECT_THAT(panel.calls, ElementsAre("redraw 1 True", "redraw 0 True"));
 }
 
@@ -165,8 +171,8 @@ TEST(RangeControls, aBoxWhoseTextIsNoNumberKeepsTheLastRange)
         Panel panel;
         panel.setText(Control::minLabel0, typed);
         panel.setText(Control::maxLabel0, typed);
-        panel.cues.minLabel_KeyUp(0);
-        panel.cues.maxLabel_KeyUp(0);
+        panel.display.minLabel_KeyUp(0);
+        panel.display.maxLabel_KeyUp(0);
         EXPECT_THAT(panel.calls, IsEmpty()) << typed;
     }
 }
@@ -177,23 +183,23 @@ TEST(RangeControls, anExponentBeingTypedTakesEffectWhenItIsComplete)
     panel.choose(0, 3);
     panel.setChecked(Control::scaleBox0, true);
     panel.setText(Control::minLabel0, "0");
-    panel.yScale = 7;
-    panel.cues.maxLabel_KeyPress(0);
+    panel.view.yScale = 7;
+    panel.display.maxLabel_KeyPress(0);
     panel.setText(Control::maxLabel0, "1e");
-    panel.cues.maxLabel_KeyUp(0);
+    panel.display.maxLabel_KeyUp(0);
     EXPECT_FALSE(panel.isChecked(Control::scaleBox0));
-    EXPECT_EQ(panel.yScale, 7);
+    EXPECT_EQ(panel.view.yScale, 7);
     panel.setText(Control::maxLabel0, "1e2");
-    panel.cues.maxLabel_KeyUp(0);
-    EXPECT_DOUBLE_EQ(panel.yScale, 1); // 110 / (100 x 1.1)
+    panel.display.maxLabel_KeyUp(0);
+    EXPECT_DOUBLE_EQ(panel.view.yScale, 1); // 110 / (100 x 1.1)
 }
 
 TEST(ReferenceControls, theBoxTakesInputWhileTheLineIsWanted)
 {
     Panel panel;
-    panel.cues.refCheck_Click(false);
+    panel.display.refCheck_Click(false);
     EXPECT_FALSE(panel.isEnabled(Control::refBox));
-    panel.cues.refCheck_Click(true);
+    panel.display.refCheck_Click(true);
     EXPECT_TRUE(panel.isChecked(Control::refCheck));
     EXPECT_TRUE(panel.isEnabled(Control::refBox));
     EXPECT_THAT(panel.calls, ElementsAre("redraw 1 True", "redraw 1 True"));
@@ -202,7 +208,7 @@ TEST(ReferenceControls, theBoxTakesInputWhileTheLineIsWanted)
 TEST(ReferenceControls, aChangedValueRedrawsTheCompanion)
 {
     Panel panel;
-    panel.cues.refBox_Change();
+    panel.display.refBox_Change();
     EXPECT_THAT(panel.calls, ElementsAre("redraw 1 True"));
 }
 

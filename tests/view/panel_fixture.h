@@ -2,13 +2,14 @@
 #pragma once
 
 #include "support/test_window.h"
-#include "view/cues.h"
+#include "view/column_lists.h"
+#include "view/display_controls.h"
+#include "view/selection_cues.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <cstdint>
-#include <memory>
 #include <string>
 #include <vector>
 
@@ -21,34 +22,24 @@ using Texts = std::vector<std::string>;
 
 /// A day, a time and two sensor columns of three rows; column lists filled, nothing chosen.
 struct Panel : TestWindow {
-    Cues cues{*this};
+    ColumnLists lists{*this};
+    DisplayControls display{*this};
+    SelectionCues cues{*this};
 
     Panel()
     {
         setReadings({{123, 124, 125}, {0.5, 12.25, 1e15}, {1.5, -0.00004, 1234.5}, {7, 8, 9}});
         data.labels = {"day", "time", "oak", "pine"};
-        setListEntries(data.labels);
-        sensors = 2;
-        sensorCols = {3, 4};
+        view.showsLabels = true;
+        lists.fill();
+        makeSensors({2, 3});
     }
-    void choose(int index, std::int32_t entry)
-    {
-        varList[static_cast<std::size_t>(index)].chosen = entry;
-        cues.varList_Change(index);
-    }
+    using TestWindow::choose;
+    void choose(int index, std::int32_t entry) { lists.choose(index, entry); }
     void select(std::int32_t first, std::int32_t last)
     {
-        selStart = first;
-        selEnd = last;
-    }
-    /// The dialog as it stands after an OK with these columns marked "Do not convert" (numbered from 1).
-    void setUpColumns(const std::vector<int>& parameters)
-    {
-        labelFrm = std::make_unique<ColumnSetup>(*this);
-        labelFrm->Form_Load();
-        for (const int row : parameters) labelFrm->setCheckBox(row, true);
-        labelFrm->OKButton_Click();
-        calls.clear();
+        view.selStart = first;
+        view.selEnd = last;
     }
     [[nodiscard]] Texts leftCues() const
     {

@@ -2,7 +2,8 @@
 #pragma once
 
 #include "support/test_window.h"
-#include "view/plot_rendering.h"
+#include "view/plot_redraw.h"
+#include "window/plot_scale.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -56,15 +57,15 @@ inline DrawOp highlight(float x, float y, float r)
 /// Two areas of 4 x 110 units with a manual range of 0 to 10: 110 / (10 x 1.1) = 10 units per data unit, 0 at
 /// 0.95 x 110 = 104.5, so a value v lies at 104.5 - 10 v. At zoom 1 rows first to first + 4 are visible.
 struct Plot : TestWindow {
-    PlotRendering rendering{*this};
+    PlotRedraw rendering{*this};
 
     explicit Plot(const std::vector<double>& main, const std::vector<double>& companion = {})
     {
         setReadings({main, companion.empty() ? main : companion});
         surfaces()[0].width = surfaces()[1].width = 4;
-        varList[0].chosen = curCol = 0;
-        varList[1].chosen = 1;
-        HScroll1.Max = data.lines;
+        view.chosenColumn[0] = 0;
+        view.chosenColumn[1] = 1;
+        view.HScroll1.Max = data.lines;
         range(0, "0", "10");
         range(1, "0", "10");
     }
@@ -79,15 +80,13 @@ struct Plot : TestWindow {
         return text(element(Control::minLabel0, index)) + " to " + text(element(Control::maxLabel0, index));
     }
     void automatic(int index = 0) { setChecked(element(Control::scaleBox0, index), true); }
-    /// `Turbo` with the main column as sensor 0 and points at these rows.
+    /// `view.Turbo` with the main column as sensor 0 and points at these rows.
     void points(const std::vector<std::int32_t>& rows)
     {
-        Turbo = true;
-        sensors = 1;
-        sensorCols = {1};
-        curSensor = 0;
-        basePoints.allocate(1, data.lines);
-        for (const auto row : rows) basePoints.set(0, row, true);
+        view.Turbo = true;
+        view.curSensor = 0;
+        makeSensors({0});
+        for (const auto row : rows) sensors.setPoint(0, row, true);
     }
     void reference(const std::string& value)
     {
@@ -107,7 +106,8 @@ struct Plot : TestWindow {
     {
         Ops ops = drawn(index);
         const auto rows = static_cast<std::size_t>(
-            lastVisibleRow(surfaces()[0].width, zoomFactor, HScroll1.Value, data.lines) - HScroll1.Value + 1);
+            lastVisibleRow(surfaces()[0].width, view.zoomFactor, view.HScroll1.Value, data.lines) -
+            view.HScroll1.Value + 1);
         ops.resize(ops.size() - rows - 1);
         return ops;
     }

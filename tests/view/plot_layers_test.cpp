@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "view/plot_rendering.h"
+#include "view/plot_redraw.h"
 
 #include "view/plot_fixture.h"
 
@@ -12,7 +12,7 @@ namespace {
 TEST(Trace, runsThroughTheVisibleRows)
 {
     Plot plot({0, 1, 2, 3, 4, 5, 6});
-    plot.HScroll1.Value = 1;
+    plot.view.HScroll1.Value = 1;
     EXPECT_THAT(plot.drawn(), ElementsAre(moveTo(0, 94.5), lineTo(0, 94.5), lineTo(1, 84.5), lineTo(2, 74.5),
                                           lineTo(3, 64.5), lineTo(4, 54.5)));
 }
@@ -26,7 +26,7 @@ TEST(Trace, endsShortOfTheEdgeWhenFewerRowsFit)
 TEST(Trace, stepsByTheZoom)
 {
     Plot plot({0, 1, 2, 3, 4, 5});
-    plot.zoomFactor = 2; // rows 0 to 2
+    plot.view.zoomFactor = 2; // rows 0 to 2
     EXPECT_THAT(plot.drawn(), ElementsAre(moveTo(0, 104.5), lineTo(0, 104.5), lineTo(2, 94.5), lineTo(4, 84.5)));
 }
 
@@ -45,8 +45,8 @@ TEST(Trace, holdsFarValuesAt64000)
 TEST(Trace, theSelectionBeginsAfterItsFirstRow)
 {
     Plot plot({0, 0, 0, 0, 0});
-    plot.selStart = 1;
-    plot.selEnd = 3;
+    plot.view.selStart = 1;
+    plot.view.selEnd = 3;
     EXPECT_THAT(plot.drawn(), ElementsAre(moveTo(0, 104.5), lineTo(0, 104.5), lineTo(1, 104.5), redTo(2, 104.5),
                                           redTo(3, 104.5), lineTo(4, 104.5)));
 }
@@ -54,10 +54,10 @@ TEST(Trace, theSelectionBeginsAfterItsFirstRow)
 TEST(Trace, theRowUnderThePointerIsCyanInSloppyModeOnly)
 {
     Plot plot({0, 0, 0});
-    plot.selEnd = 2;
-    plot.hoverRow = 1;
+    plot.view.selEnd = 2;
+    plot.view.hoverRow = 1;
     EXPECT_EQ(plot.drawn()[2], redTo(1, 104.5));
-    plot.Sloppy = true;
+    plot.view.Sloppy = true;
     EXPECT_EQ(plot.drawn()[2], lineTo(1, 104.5, colors::kCyan));
     EXPECT_EQ(plot.drawn()[3], redTo(2, 104.5));
 }
@@ -65,19 +65,19 @@ TEST(Trace, theRowUnderThePointerIsCyanInSloppyModeOnly)
 TEST(Trace, selectionAndPointerShowInTheCompanionToo)
 {
     Plot plot({0, 0, 0, 0, 0});
-    plot.selStart = 1;
-    plot.selEnd = 3;
-    plot.hoverRow = 4;
+    plot.view.selStart = 1;
+    plot.view.selEnd = 3;
+    plot.view.hoverRow = 4;
     EXPECT_THAT(plot.drawn(1), ElementsAre(moveTo(0, 104.5), lineTo(0, 104.5), lineTo(1, 104.5), redTo(2, 104.5),
                                            redTo(3, 104.5), lineTo(4, 104.5)));
-    plot.Sloppy = true;
+    plot.view.Sloppy = true;
     EXPECT_EQ(plot.drawn(1).back(), lineTo(4, 104.5, colors::kCyan));
 }
 
 TEST(Trace, theMainAreaShowsTheLayerOnViewAndTheCompanionTheReadings)
 {
     Plot plot({1}, {2});
-    plot.curLayer = kConverted;
+    plot.view.curLayer = kConverted;
     plot.data.values(kConverted, 0, 0) = 5;
     plot.data.values(kConverted, 1, 0) = 5;
     EXPECT_THAT(plot.drawn(0), ElementsAre(moveTo(0, 54.5), lineTo(0, 54.5)));
@@ -91,8 +91,8 @@ TEST(LullBands, areOneRowWideAndFullHeight)
     Plot plot({0, 0, 0, 0, 0, 0});
     plot.points({});
     plot.surfaces()[0].width = 8;
-    plot.zoomFactor = 2;
-    plot.HScroll1.Value = 1; // rows 1 to 5
+    plot.view.zoomFactor = 2;
+    plot.view.HScroll1.Value = 1; // rows 1 to 5
     plot.data.lullFlags = {true, false, true, true, false, true};
     plot.drawn();
     EXPECT_THAT(plot.surfaces()[0].only("box"), ElementsAre(box(2, 4), box(4, 6), box(8, 10)));
@@ -114,10 +114,10 @@ TEST(LullBands, areDrawnInTheConvertedViewAndForParameterColumnsToo)
     Plot plot({0, 0});
     plot.points({});
     plot.data.lullFlags = {true, false};
-    plot.curLayer = kConverted;
+    plot.view.curLayer = kConverted;
     EXPECT_EQ(plot.drawn().front(), box(0, 1));
-    plot.curLayer = kUnconverted;
-    plot.curSensor = -1;
+    plot.view.curLayer = kUnconverted;
+    plot.view.curSensor = -1;
     EXPECT_THAT(plot.drawn(), ElementsAre(box(0, 1)));
 }
 
@@ -177,7 +177,7 @@ TEST(BaselinePoints, theLineComesFromThePointBeforeTheView)
 {
     Plot plot({0, 1, 2, 3, 4, 5, 6, 7});
     plot.points({0, 1, 4});
-    plot.HScroll1.Value = 3; // row 1 lies 2 units left of the edge
+    plot.view.HScroll1.Value = 3; // row 1 lies 2 units left of the edge
     EXPECT_THAT(plot.drawnBeforeTrace(), ElementsAre(moveTo(0, -1), moveTo(-2, 94.5), redTo(1, 64.5), dot(1, 64.5)));
 }
 
@@ -185,7 +185,7 @@ TEST(BaselinePoints, theFirstVisibleRowIsSearchedFirst)
 {
     Plot plot({0, 1, 2, 3, 4});
     plot.points({0, 2});
-    plot.HScroll1.Value = 2;
+    plot.view.HScroll1.Value = 2;
     EXPECT_THAT(plot.drawnBeforeTrace(), ElementsAre(moveTo(0, -1), moveTo(0, 84.5), redTo(0, 84.5), dot(0, 84.5)));
 }
 
@@ -193,11 +193,11 @@ TEST(BaselinePoints, theLineToThePointAfterTheViewEndsOneRowLate)
 {
     Plot plot({0, 1, 2, 3, 4, 5, 6, 7});
     plot.points({2, 6, 7});
-    plot.zoomFactor = 2; // rows 0 to 2; row 6 lies at 12, the line ends at (2 - 0 + 1) x 2 + (6 - 2) x 2 = 14
+    plot.view.zoomFactor = 2; // rows 0 to 2; row 6 lies at 12, the line ends at (2 - 0 + 1) x 2 + (6 - 2) x 2 = 14
     EXPECT_THAT(plot.drawnBeforeTrace(), ElementsAre(moveTo(0, -1), moveTo(4, 84.5), dot(4, 84.5), redTo(6, 84.5)))
         << "the last visible row is itself the nearest point";
-    plot.basePoints.set(0, 2, false);
-    plot.basePoints.set(0, 1, true);
+    plot.sensors.setPoint(0, 2, false);
+    plot.sensors.setPoint(0, 1, true);
     EXPECT_THAT(plot.drawnBeforeTrace(), ElementsAre(moveTo(0, -1), moveTo(2, 94.5), dot(2, 94.5), redTo(14, 44.5)));
 }
 
@@ -235,7 +235,7 @@ TEST(BaselinePoints, theCurrentPointIsALargeYellowDisc)
 {
     Plot plot({0, 1, 2});
     plot.points({});
-    plot.markRow = 2;
+    plot.view.markRow = 2;
     EXPECT_THAT(plot.drawnBeforeTrace(), ElementsAre(highlight(2, 84.5, 5), moveTo(0, -1)));
 }
 
@@ -243,8 +243,8 @@ TEST(BaselinePoints, aPointInHandIsASmallYellowDiscInsteadOfTheCurrentOne)
 {
     Plot plot({0, 1, 2});
     plot.points({});
-    plot.markRow = 2;
-    plot.dragRow = 0;
+    plot.view.markRow = 2;
+    plot.view.dragRow = 0;
     EXPECT_THAT(plot.drawnBeforeTrace(), ElementsAre(highlight(0, 104.5, 3), moveTo(0, -1)));
 }
 
@@ -252,10 +252,7 @@ TEST(BaselinePoints, aHighlightBesideTheDataIsNotDrawn)
 {
     Plot plot({0, 1, 2});
     plot.points({});
-    plot.markRow = 3;
-    EXPECT_THAT(plot.drawnBeforeTrace(), ElementsAre(moveTo(0, -1)));
-    plot.markRow = 1;
-    plot.curCol = 2;
+    plot.view.markRow = 3;
     EXPECT_THAT(plot.drawnBeforeTrace(), ElementsAre(moveTo(0, -1)));
 }
 
@@ -263,10 +260,10 @@ TEST(BaselinePoints, aParameterColumnShowsNeitherPointsNorTraceInTheInputView)
 {
     Plot plot({0, 1, 2});
     plot.points({0, 2});
-    plot.curSensor = -1;
-    plot.markRow = 1;
+    plot.view.curSensor = -1;
+    plot.view.markRow = 1;
     EXPECT_THAT(plot.drawn(0, true), ElementsAre(erase()));
-    plot.curLayer = kConverted;
+    plot.view.curLayer = kConverted;
     EXPECT_EQ(plot.drawn().size(), 4U) << "its converted layer has a trace";
 }
 
@@ -274,12 +271,12 @@ TEST(BaselinePoints, areForTurboTheMainAreaAndTheInputView)
 {
     Plot plot({0, 1, 2});
     plot.points({0, 2});
-    plot.markRow = 1;
+    plot.view.markRow = 1;
     EXPECT_THAT(plot.drawnBeforeTrace(1), IsEmpty());
-    plot.curLayer = kConverted;
+    plot.view.curLayer = kConverted;
     EXPECT_THAT(plot.drawnBeforeTrace(0), IsEmpty());
-    plot.curLayer = kUnconverted;
-    plot.Turbo = false;
+    plot.view.curLayer = kUnconverted;
+    plot.view.Turbo = false;
     EXPECT_THAT(plot.drawnBeforeTrace(0), IsEmpty());
 }
 
@@ -287,7 +284,7 @@ TEST(BaselinePoints, aSensorWithoutMarksYetHasATraceOnly)
 {
     Plot plot({0, 1, 2});
     plot.points({});
-    plot.curSensor = 1;
+    plot.view.curSensor = 1;
     EXPECT_THAT(plot.drawnBeforeTrace(), ElementsAre(moveTo(0, -1)));
 }
 
@@ -296,7 +293,7 @@ TEST(Redraw, drawsBandsThenTheHighlightThenPointsThenTheTrace)
     Plot plot({0, 1});
     plot.points({0});
     plot.data.lullFlags = {true, false};
-    plot.markRow = 0;
+    plot.view.markRow = 0;
     EXPECT_THAT(plot.drawn(0, true),
                 ElementsAre(erase(), box(0, 1), highlight(0, 104.5, 5), moveTo(0, -1), moveTo(0, 104.5), dot(0, 104.5),
                             moveTo(0, 104.5), lineTo(0, 104.5), lineTo(1, 94.5)));
@@ -306,7 +303,7 @@ TEST(Redraw, aLongRecordKeepsItsNeighbouringPointsHoweverFarTheyAre)
 {
     Plot plot(std::vector<double>(1'000'000, 5.0));
     plot.points({0, 999'999});
-    plot.HScroll1.Value = 500'000; // (4 + 1) + (999,999 - 500,004) = 500,000
+    plot.view.HScroll1.Value = 500'000; // (4 + 1) + (999,999 - 500,004) = 500,000
     EXPECT_THAT(plot.drawnBeforeTrace(), ElementsAre(moveTo(0, -1), moveTo(-500'000, 54.5), redTo(500'000, 54.5)));
 }
 

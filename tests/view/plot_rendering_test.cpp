@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
-#include "view/plot_rendering.h"
+#include "view/plot_redraw.h"
 
+#include "view/plot_drawing.h"
+#include "view/plot_fit.h"
 #include "view/plot_fixture.h"
 
 #include <limits>
@@ -93,10 +95,10 @@ TEST(Redraw, aDisabledAreaIsLeftAlone)
 TEST(Redraw, anAreaWithoutAChosenColumnIsLeftAlone)
 {
     Plot plot({1, 2, 3});
-    plot.varList[0].chosen = -1;
+    plot.view.chosenColumn[0] = -1;
     plot.drawn(0, true);
     EXPECT_THAT(plot.surfaces()[0].ops, IsEmpty());
-    EXPECT_EQ(plot.yScale, 0);
+    EXPECT_EQ(plot.view.yScale, 0);
 }
 
 TEST(Redraw, thePenIsOneWiderThanTheZoomLevelAndSetBeforeAnythingIsDrawn)
@@ -105,7 +107,7 @@ TEST(Redraw, thePenIsOneWiderThanTheZoomLevelAndSetBeforeAnythingIsDrawn)
     plot.rendering.redraw(0, true);
     EXPECT_EQ(plot.surfaces()[0].ops.front(), pen(1));
     plot.surfaces()[0].ops.clear();
-    plot.zoomLevel = 3;
+    plot.view.zoomLevel = 3;
     plot.rendering.redraw(0, true);
     EXPECT_EQ(plot.surfaces()[0].ops.front(), pen(4));
 }
@@ -113,7 +115,7 @@ TEST(Redraw, thePenIsOneWiderThanTheZoomLevelAndSetBeforeAnythingIsDrawn)
 TEST(Redraw, aZoomLoadedFromTheSettingsDrawsWithAPenOfOne)
 {
     Plot plot({1, 2, 3});
-    plot.zoomFactor = 4; // no zoom command has set the level yet
+    plot.view.zoomFactor = 4; // no zoom command has set the level yet
     plot.rendering.redraw(0, true);
     EXPECT_EQ(plot.surfaces()[0].ops.front(), pen(1));
 }
@@ -129,17 +131,17 @@ TEST(Redraw, onlyTheAreaAskedForIsTouched)
 TEST(Redraw, anAreaWithoutAVisibleRowIsErasedAndNothingDrawn)
 {
     Plot plot({1, 2, 3});
-    plot.HScroll1.Value = 3;
+    plot.view.HScroll1.Value = 3;
     plot.automatic();
     EXPECT_THAT(plot.drawn(0, false), ElementsAre(erase()));
     EXPECT_EQ(plot.range(0), "0 to 10");
-    EXPECT_EQ(plot.yScale, 0);
+    EXPECT_EQ(plot.view.yScale, 0);
 }
 
 TEST(Redraw, aColumnBesideTheDataIsErasedAndNothingDrawn)
 {
     Plot plot({1, 2, 3});
-    plot.varList[0].chosen = 2;
+    plot.view.chosenColumn[0] = 2;
     EXPECT_THAT(plot.drawn(), ElementsAre(erase()));
 }
 
@@ -147,10 +149,10 @@ TEST(Redraw, aManualRangeThatIsNotPositiveErasesAndKeepsTheScale)
 {
     for (const auto* top : {"5", "4.99", "", "x", "1E400"}) {
         Plot plot({1, 2, 3});
-        plot.yScale = 7;
+        plot.view.yScale = 7;
         plot.range(0, "5", top);
         EXPECT_THAT(plot.drawn(0, false), ElementsAre(erase())) << top;
-        EXPECT_EQ(plot.yScale, 7) << top;
+        EXPECT_EQ(plot.view.yScale, 7) << top;
     }
 }
 
@@ -166,9 +168,9 @@ TEST(Redraw, theScaleIsOneFieldThatTheLastAreaLeavesBehind)
     Plot plot({1, 2, 3});
     plot.range(1, "0", "20");
     plot.rendering.redraw(0, true);
-    EXPECT_DOUBLE_EQ(plot.yScale, 10);
+    EXPECT_DOUBLE_EQ(plot.view.yScale, 10);
     plot.rendering.redraw(1, true);
-    EXPECT_DOUBLE_EQ(plot.yScale, 5); // 110 / (20 x 1.1)
+    EXPECT_DOUBLE_EQ(plot.view.yScale, 5); // 110 / (20 x 1.1)
 }
 
 TEST(Redraw, theMainAreasWidthDecidesTheRowsOfBoth)
@@ -189,7 +191,7 @@ TEST(AutomaticRange, isTheVisibleExtremesWithFourDecimals)
 TEST(AutomaticRange, looksAtVisibleRowsOnly)
 {
     Plot plot({100, 3, 7.25, 0.5, 2, 4, 100});
-    plot.HScroll1.Value = 1;
+    plot.view.HScroll1.Value = 1;
     plot.expectAutomaticRange("0.5000 to 7.2500"); // rows 1 to 5
 }
 
@@ -205,7 +207,7 @@ TEST(AutomaticRange, isWrittenForTheAreaDrawnOnly)
 TEST(AutomaticRange, isTakenFromTheLayerOnView)
 {
     Plot plot({1, 2});
-    plot.curLayer = kConverted;
+    plot.view.curLayer = kConverted;
     plot.data.values(kConverted, 0, 0) = -4;
     plot.data.values(kConverted, 0, 1) = 6;
     plot.expectAutomaticRange("-4.0000 to 6.0000");
@@ -228,10 +230,10 @@ TEST(AutomaticRange, isZeroWhenAllIsMissingAndTheAreaIsErased)
 {
     Plot plot({kGap, kGap});
     plot.automatic();
-    plot.yScale = 7;
+    plot.view.yScale = 7;
     EXPECT_THAT(plot.drawn(0, false), ElementsAre(erase()));
     EXPECT_EQ(plot.range(0), "0 to 0");
-    EXPECT_EQ(plot.yScale, 7);
+    EXPECT_EQ(plot.view.yScale, 7);
 }
 
 TEST(AutomaticRange, isZeroWhenAnExtremeIsTheMissingValueNumberOrItsNegative)
@@ -253,7 +255,7 @@ TEST(AutomaticRange, isReadBackFromItsFourDecimals)
     Plot plot({0, 10.00004});
     plot.automatic();
     plot.drawn();
-    EXPECT_DOUBLE_EQ(plot.yScale, 10); // 10.0000, not 10.00004
+    EXPECT_DOUBLE_EQ(plot.view.yScale, 10); // 10.0000, not 10.00004
 }
 
 TEST(AutomaticRange, aGroupedTextCountsUpToItsFirstGroupingSign)
@@ -262,7 +264,7 @@ TEST(AutomaticRange, aGroupedTextCountsUpToItsFirstGroupingSign)
     plot.automatic();
     plot.drawn();
     EXPECT_EQ(plot.range(0), "0.0000 to 1,234.5000");
-    EXPECT_DOUBLE_EQ(plot.yScale, 100); // 110 / (1 x 1.1)
+    EXPECT_DOUBLE_EQ(plot.view.yScale, 100); // 110 / (1 x 1.1)
 }
 
 TEST(AutomaticRange, anExtremeIsReplacedByWhatIsReadInItsFifteenDigits)
@@ -282,6 +284,44 @@ TEST(AutomaticRange, theLargestDoubleStaysFiniteAlthoughItsFifteenDigitsAreNot)
     const double largest = std::numeric_limits<double>::max();
     const std::vector<double> cells{0, largest};
     EXPECT_EQ(visibleExtremes({cells.data(), 1}, 0, 1, 99999).highest, largest);
+}
+
+// A fitted plot on any surface
+
+TEST(FittedPlot, drawsTheSameOnAnotherSurfaceAndChangesNothingOfTheWindow)
+{
+    Plot plot({0, 5, 10, 5, 0});
+    plot.automatic();
+    const Ops shown = plot.drawn(0, true);
+    const std::string rangeBefore = plot.range(0);
+    plot.view.yScale = 77;
+    plot.calls.clear();
+    plot.fakeUi.changes.clear();
+    plot.surfaces()[0].ops.clear();
+
+    RecordingSurface paper;
+    paper.width = 4;
+    const PlotFit fit = fitPlot(plot.data, plot.view, {0, 4, 110}, {"never", "read"}, ",");
+    drawPlot(fit, {plot.data, plot.sensors, plot.view, std::nullopt}, true, paper);
+    EXPECT_EQ(Ops(paper.ops.begin() + 1, paper.ops.end()), shown);
+    EXPECT_EQ(fit.automaticRange, (RangeTexts{"0.0000", "10.0000"}));
+    EXPECT_EQ(plot.range(0), rangeBefore);
+    EXPECT_EQ(plot.view.yScale, 77);
+    EXPECT_THAT(plot.calls, IsEmpty());
+    EXPECT_THAT(plot.fakeUi.changes, IsEmpty());
+    EXPECT_THAT(plot.surfaces()[0].ops, IsEmpty());
+}
+
+TEST(FittedPlot, takesTheHeightOfItsOwnAreaAndTheWidthOfTheMainOne)
+{
+    Plot plot({0, 5, 10, 5, 0}, {0, 5, 10, 5, 0});
+    plot.surfaces()[1].height = 220;
+    plot.surfaces()[1].width = 1;
+    const Ops ops = plot.drawn(1);
+    // 220 / (10 x 1.1) = 20 units per data unit, 0 at 0.95 x 220 = 209; rows 0 to 4 as in the main area.
+    EXPECT_THAT(
+        ops, ElementsAre(moveTo(0, 209), lineTo(0, 209), lineTo(1, 109), lineTo(2, 9), lineTo(3, 109), lineTo(4, 209)));
+    EXPECT_EQ(plot.view.yScale, 20);
 }
 
 } // namespace

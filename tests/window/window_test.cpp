@@ -11,16 +11,15 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using Entries = std::vector<std::string>;
 
 /// Status text and pointer after `showMode` with these modes.
 std::pair<std::string, Pointer> modeShown(bool lineMode, bool sloppy)
 {
     TestWindow window;
-    window.lineMode = lineMode;
-    window.Sloppy = sloppy;
+    window.view.lineMode = lineMode;
+    window.view.Sloppy = sloppy;
     window.showMode();
-    return {window.text(Control::statusPanel1), window.pointer};
+    return {window.text(Control::statusPanel1), window.pointer()};
 }
 
 TEST(WindowControls, aChangeIsKeptAndToldToTheToolkit)
@@ -60,7 +59,7 @@ TEST(WindowControls, theCaptionIsToldOnlyWhenItChanges)
     TestWindow window;
     window.setCaption("Tarvelint");
     window.setCaption("Tarvelint");
-    EXPECT_EQ(window.caption, "Tarvelint");
+    EXPECT_EQ(window.caption(), "Tarvelint");
     EXPECT_EQ(window.fakeUi.captionChanges, 1);
 }
 
@@ -80,7 +79,7 @@ TEST(WindowStatus, aLongRecordIsNamedInTheSecondPanelWhateverElseItSays)
     EXPECT_EQ(window.text(Control::statusPanel2), "long record");
     window.setStatus(2, "Viewing intput data");
     EXPECT_EQ(window.text(Control::statusPanel2), "Viewing intput data, long record");
-    EXPECT_TRUE(window.longRecord);
+    EXPECT_TRUE(window.view.longRecord);
 }
 
 TEST(WindowStatus, leavingLongRecordModeTakesItsNoteAway)
@@ -90,96 +89,117 @@ TEST(WindowStatus, leavingLongRecordModeTakesItsNoteAway)
     window.setLongRecord(true);
     window.setLongRecord(false);
     EXPECT_EQ(window.text(Control::statusPanel2), "Viewing output data");
-    EXPECT_FALSE(window.longRecord);
+    EXPECT_FALSE(window.view.longRecord);
+}
+
+TEST(WindowControls, aFactIsKeptByItsPartAndShownByItsControl)
+{
+    TestWindow window;
+    window.setText(Control::FormulaBox, "X*B");
+    window.setChecked(Control::highBox, true);
+    window.setChecked(Control::scaleBox1, true);
+    window.setChecked(Control::refCheck, true);
+    window.setChecked(Control::labelBox, true);
+    EXPECT_EQ(window.conversionSettings.equation, "X*B");
+    EXPECT_TRUE(window.conversionSettings.baselineIsHigh);
+    EXPECT_FALSE(window.view.isAutomatic(0));
+    EXPECT_TRUE(window.view.isAutomatic(1));
+    EXPECT_TRUE(window.view.showsReference);
+    EXPECT_TRUE(window.view.showsLabels);
+
+    window.conversionSettings.equation = "B-X";
+    window.view.automaticRange[0] = true;
+    EXPECT_EQ(window.control(Control::FormulaBox).text, "B-X");
+    EXPECT_TRUE(window.control(Control::scaleBox0).checked);
+}
+
+TEST(WindowStatus, aPreProcessWithoutAPointIsNotedInTheSecondPanel)
+{
+    TestWindow window;
+    window.setNoZeroFlow(true);
+    EXPECT_EQ(window.text(Control::statusPanel2), "no zero flow found");
+    window.setStatus(2, "Viewing intput data");
+    EXPECT_EQ(window.text(Control::statusPanel2), "Viewing intput data, no zero flow found");
+    window.setLongRecord(true);
+    EXPECT_EQ(window.text(Control::statusPanel2), "Viewing intput data, long record, no zero flow found");
+    window.setNoZeroFlow(false);
+    EXPECT_EQ(window.text(Control::statusPanel2), "Viewing intput data, long record");
 }
 
 TEST(WindowScrollBar, aValueIsClippedToTheRange)
 {
     TestWindow window;
-    window.HScroll1.Max = 50;
+    window.view.HScroll1.Max = 50;
     window.setScrollValue(70);
-    EXPECT_EQ(window.HScroll1.Value, 50);
+    EXPECT_EQ(window.view.HScroll1.Value, 50);
     window.setScrollValue(-3);
-    EXPECT_EQ(window.HScroll1.Value, 0);
-    EXPECT_THAT(window.calls, ElementsAre("HScroll1_Change", "HScroll1_Change"));
+    EXPECT_EQ(window.view.HScroll1.Value, 0);
+}
+
+TEST(WindowScrollBar, aNewValueIsDrawnInBothAreasTheMainOneLastAndWithTheFocus)
+{
+    TestWindow window;
+    window.view.HScroll1.Max = 50;
+    window.setScrollValue(20);
+    EXPECT_THAT(window.calls, ElementsAre("redraw 1 True", "redraw 0 True"));
+    EXPECT_THAT(window.fakeUi.focused, ElementsAre(Control::Picture1_0));
+}
+
+TEST(WindowScrollBar, withTheMainAreaDisabledOnlyTheCompanionFollows)
+{
+    TestWindow window;
+    window.setEnabled(Control::Picture1_0, false);
+    window.HScroll1_Change();
+    EXPECT_THAT(window.calls, ElementsAre("redraw 1 True"));
+    EXPECT_THAT(window.fakeUi.focused, IsEmpty());
 }
 
 TEST(WindowScrollBar, aValueThatStaysRunsNothing)
 {
     TestWindow window;
-    window.HScroll1.Max = 50;
-    window.HScroll1.Value = 50;
+    window.view.HScroll1.Max = 50;
+    window.view.HScroll1.Value = 50;
     window.setScrollValue(99); // clips to where it stands
+    EXPECT_FALSE(window.moveScrollValue(99));
     EXPECT_THAT(window.calls, IsEmpty());
+    EXPECT_THAT(window.fakeUi.focused, IsEmpty());
     EXPECT_EQ(window.fakeUi.scrollBarChanges, 0);
+}
+
+TEST(WindowScrollBar, isMovedWithoutADrawingForACommandThatDraws)
+{
+    TestWindow window;
+    window.view.HScroll1.Max = 50;
+    EXPECT_TRUE(window.moveScrollValue(20));
+    EXPECT_EQ(window.view.HScroll1.Value, 20);
+    EXPECT_THAT(window.calls, IsEmpty());
+    EXPECT_THAT(window.fakeUi.focused, ElementsAre(Control::Picture1_0));
+    window.setEnabled(Control::Picture1_0, false);
+    EXPECT_TRUE(window.moveScrollValue(21));
+    EXPECT_EQ(window.fakeUi.focused.size(), 1U);
 }
 
 TEST(WindowScrollBar, aShrinkingRangeTakesTheValueAlong)
 {
     TestWindow window;
-    window.HScroll1.Max = 50;
-    window.HScroll1.Value = 40;
+    window.view.HScroll1.Max = 50;
+    window.view.HScroll1.Value = 40;
     window.setScrollRange(10, 2, 20);
-    EXPECT_EQ(window.HScroll1.Value, 10);
-    EXPECT_EQ(window.HScroll1.Max, 10);
-    EXPECT_EQ(window.HScroll1.SmallChange, 2);
-    EXPECT_EQ(window.HScroll1.LargeChange, 20);
-    EXPECT_THAT(window.calls, ElementsAre("HScroll1_Change"));
+    EXPECT_EQ(window.view.HScroll1.Value, 10);
+    EXPECT_EQ(window.view.HScroll1.Max, 10);
+    EXPECT_EQ(window.view.HScroll1.SmallChange, 2);
+    EXPECT_EQ(window.view.HScroll1.LargeChange, 20);
+    EXPECT_THAT(window.calls, IsEmpty());
 }
 
 TEST(WindowScrollBar, aRangeThatHoldsTheValueLeavesItThere)
 {
     TestWindow window;
-    window.HScroll1.Max = 50;
-    window.HScroll1.Value = 10;
+    window.view.HScroll1.Max = 50;
+    window.view.HScroll1.Value = 10;
     window.setScrollRange(60, 1, 5);
-    EXPECT_EQ(window.HScroll1.Value, 10);
-    EXPECT_THAT(window.calls, IsEmpty());
+    EXPECT_EQ(window.view.HScroll1.Value, 10);
     EXPECT_GT(window.fakeUi.scrollBarChanges, 0); // the new range is shown all the same
-}
-
-TEST(WindowColumnLists, choosingAlwaysRunsVarListChangeAlsoForTheSameEntry)
-{
-    TestWindow window;
-    window.setListEntries({"Day", "S1"});
-    window.chooseColumn(1, 1);
-    window.chooseColumn(1, 1);
-    EXPECT_EQ(window.varList[1].chosen, 1);
-    EXPECT_EQ(window.varList[0].chosen, -1);
-    EXPECT_THAT(window.calls, ElementsAre("varList_Change 1", "varList_Change 1"));
-}
-
-TEST(WindowColumnLists, newEntriesFillBothListsWithNothingChosen)
-{
-    TestWindow window;
-    window.varList[0].chosen = 3;
-    window.setListEntries({"Day", "S1"});
-    for (const ColumnList& list : window.varList) {
-        EXPECT_EQ(list.entries, (Entries{"Day", "S1"}));
-        EXPECT_EQ(list.chosen, -1);
-    }
-    EXPECT_THAT(window.calls, IsEmpty());
-}
-
-TEST(WindowColumnLists, newTextsReachBothListsAndTheChoiceStays)
-{
-    TestWindow window;
-    window.setListEntries({"Day", "S1"});
-    window.chooseColumn(0, 1);
-    window.calls.clear();
-    window.setListTexts({"1", "spruce"});
-    EXPECT_EQ(window.varList[0].entries, (Entries{"1", "spruce"}));
-    EXPECT_EQ(window.varList[1].entries, (Entries{"1", "spruce"}));
-    EXPECT_EQ(window.varList[0].chosen, 1);
-    EXPECT_THAT(window.calls, IsEmpty());
-}
-
-TEST(WindowColumnLists, textsForEntriesThatAreNotThereAreDropped)
-{
-    TestWindow window;
-    window.setListEntries({"Day"});
-    window.setListTexts({"a", "b"});
-    EXPECT_EQ(window.varList[0].entries, Entries{"a"});
 }
 
 TEST(WindowChanges, aChangeIsUnsavedAndCanBeSaved)
@@ -207,66 +227,45 @@ TEST(WindowModes, statusAndPointerShowTheModeInForce)
     EXPECT_EQ(modeShown(true, true), std::pair(std::string("Mode: sloppy one-click"), Pointer::northSouth));
 }
 
-TEST(WindowQuestions, aRecordNeedsRowsAndColumns)
+TEST(WindowChanges, showingAllDrawsTheMainAreaFirstAndThenTheCues)
 {
     TestWindow window;
-    EXPECT_FALSE(window.hasRecord());
-    window.setReadings({{1}});
-    EXPECT_TRUE(window.hasRecord());
+    window.showAll();
+    EXPECT_THAT(window.calls, ElementsAre("redraw 0 True", "redraw 1 True", "updateCues"));
 }
 
-TEST(WindowQuestions, withoutAColumnSetupEveryColumnIsASensor)
+TEST(NewWindow, hasTheGivenDefaultsAndNoFile)
 {
-    TestWindow window;
-    window.setReadings({{1}, {2}});
-    EXPECT_FALSE(window.isParameterColumn(0));
+    const TestWindow window;
+    EXPECT_TRUE(window.data.saveCheck);
+    EXPECT_EQ(window.view.dateCol, 1);
+    EXPECT_EQ(window.view.timeCol, 2);
+    EXPECT_EQ(window.view.curCol(), -1);
+    EXPECT_EQ(window.view.curLayer, kUnconverted);
+    EXPECT_TRUE(window.file.filePath.empty() && window.file.savePath.empty());
+    EXPECT_FALSE(window.file.fileDelimiter);
 }
 
-TEST(WindowQuestions, withoutAColumnSetupLabelsGoOutAsTheyCame)
+TEST(Record, needsRowsAndColumns)
 {
-    TestWindow window;
-    EXPECT_FALSE(window.savesLabels());
-    window.readWithLabels = true;
-    EXPECT_TRUE(window.savesLabels());
+    Record record;
+    EXPECT_TRUE(record.isEmpty());
+    record.allocate(1, 1);
+    EXPECT_FALSE(record.isEmpty());
 }
 
-TEST(BasePoints, areMarkedBySensorAndRow)
+TEST(Record, aColumnWithoutAMarkIsASensor)
 {
-    BasePoints points;
-    points.allocate(2, 3);
-    points.set(1, 2, true);
-    EXPECT_TRUE(points(1, 2));
-    EXPECT_FALSE(points(0, 2));
-    EXPECT_FALSE(points(1, 1));
-}
-
-TEST(BasePoints, allocatingDropsEveryMark)
-{
-    BasePoints points;
-    points.allocate(1, 2);
-    points.set(0, 1, true);
-    points.allocate(1, 3);
-    EXPECT_EQ(points.lines(), 3);
-    for (std::int32_t row = 0; row < 3; ++row) EXPECT_FALSE(points(0, row));
-}
-
-TEST(SaveContents, startsWithEveryBoxCheckedSoThatWhatIsSavedCanBeReopened)
-{
-    const SaveContents contents;
-    EXPECT_TRUE(contents.inCheck && contents.baseCheck && contents.outCheck);
-    EXPECT_TRUE(contents.headerCheck && contents.blankCheck);
-}
-
-TEST(SaveContents, isCancelledUnlessLeftByOk)
-{
-    SaveContents contents;
-    contents.OKButton_Click();
-    EXPECT_EQ(contents.result, "OK");
-    contents.open(); // closing it by other means cancels
-    EXPECT_EQ(contents.result, "Cancel");
-    contents.OKButton_Click();
-    contents.CancelButton_Click();
-    EXPECT_EQ(contents.result, "Cancel");
+    Record record;
+    record.allocate(3, 1);
+    EXPECT_FALSE(record.isParameter(0));
+    EXPECT_EQ(record.sensorColumns(), (std::vector<std::int32_t>{0, 1, 2}));
+    record.parameters = {true, false};
+    EXPECT_TRUE(record.isParameter(0));
+    EXPECT_FALSE(record.isParameter(1));
+    EXPECT_FALSE(record.isParameter(2));
+    EXPECT_FALSE(record.isParameter(-1));
+    EXPECT_EQ(record.sensorColumns(), (std::vector<std::int32_t>{1, 2}));
 }
 
 } // namespace

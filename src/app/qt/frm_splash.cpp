@@ -10,12 +10,6 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
-/// `Q_INIT_RESOURCE` works outside of namespaces only.
-static void initTarvelintResources()
-{
-    Q_INIT_RESOURCE(tarvelint);
-}
-
 namespace tarvelint {
 
 namespace {
@@ -38,40 +32,24 @@ void embolden(QLabel& label)
 
 } // namespace
 
-void useProgramResources()
-{
-    initTarvelintResources();
-}
-
-QIcon programIcon()
-{
-    useProgramResources();
-    QIcon icon;
-    for (const int size : {16, 24, 32, 48, 64, 128, 256})
-        icon.addFile(QStringLiteral(":/tarvelint_%1.png").arg(size), QSize(size, size));
-    return icon;
-}
-
-FrmSplash::FrmSplash(const StringTable& table, const QString& version, QWidget* parent) : QDialog(parent)
+FrmSplash::FrmSplash(const StringTable& table, const QString& version, QWidget* parent) : ProgramDialog(parent)
 {
     setObjectName(QStringLiteral("frmSplash"));
     setWindowTitle(QString::fromUtf8(kTitle.data(), static_cast<qsizetype>(kTitle.size())));
     setWindowIcon(programIcon());
     setAttribute(Qt::WA_QuitOnClose, false); // at start-up the data window follows it
 
-    auto* down = new QVBoxLayout(this);
     const int margin = fontMetrics().height() * 3 / 2;
-    down->setContentsMargins(margin, margin, margin, margin);
+    auto* contents = new QWidget;
+    auto* down = new QVBoxLayout(contents);
     down->setSpacing(margin * 3 / 4);
     down->addLayout(buildHead());
     down->addWidget(buildMainFrame(), 1);
-    down->addLayout(buildFoot());
+    QVBoxLayout& parts = setParts(contents, buildFoot());
+    parts.setContentsMargins(margin, margin, margin, margin);
+    parts.setSpacing(down->spacing());
     m_Command1->setDefault(true);
     Form_Load(table, version);
-    // Wrapped texts count with the height they need at this width, however small the screen.
-    const int width = down->totalSizeHint().width();
-    setMinimumSize(width, down->totalHeightForWidth(width));
-    resize(minimumSize());
 }
 
 QLabel* FrmSplash::addLabel(QBoxLayout& layout, const char* name, const char* tag)

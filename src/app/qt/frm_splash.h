@@ -1,10 +1,10 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "app/qt/program_icons.h"
 #include "app/string_table.h"
+#include "dialogs/program_dialog.h"
 
-#include <QDialog>
-#include <QIcon>
 #include <QList>
 #include <QString>
 
@@ -15,16 +15,9 @@ class QPushButton;
 
 namespace tarvelint {
 
-/// Makes ":/about_texts.txt" and the icons readable. A library's resources are not registered by themselves; call it
-/// before the first use. Calling it again does no harm.
-void useProgramResources();
-
-/// The program's icon, in sizes from 16 to 256 pixels.
-[[nodiscard]] QIcon programIcon();
-
 /// The window shown at start-up until its button is pressed, and again as the about box. Texts that the
 /// organisation left out take no room.
-class FrmSplash : public QDialog {
+class FrmSplash : public ProgramDialog {
     Q_OBJECT
 
 public:

@@ -1,7 +1,7 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
-#include "app/menu_table.h"
+#include "app/command_table.h"
 #include "app/string_table.h"
 
 #include <QString>
@@ -22,7 +22,7 @@ struct MenuActions {
     std::map<Control, std::string> captions; ///< as the string table gives them
 };
 
-/// Builds the menus of `menuTable()` into the window's menu bar. Actions are named after their entries.
+/// Builds the menus of `commandTable()` into the window's menu bar. Actions are named after their entries.
 [[nodiscard]] MenuActions buildMenus(QMainWindow& window, const StringTable& table);
 
 /// The tool bar of `toolTable()`; buttons are named after their keys ("toolNew", "toolAlignLeft").

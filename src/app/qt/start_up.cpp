@@ -39,10 +39,12 @@ void StartUp::showMainForm()
 {
     if (m_splash) m_splash->deleteLater();
     if (!m_fMainForm) return;
-    m_fMainForm->show();
+    m_fMainForm->form().show();
     const std::string trouble = m_settings.trouble();
     if (trouble.empty()) return;
-    m_fMainForm->command([&] { m_fMainForm->messageBox({trouble, std::string(kTitle), Buttons::ok, Icon::warning}); });
+    m_fMainForm->command([&] {
+        m_fMainForm->toolkit().messageBox({trouble, std::string(kTitle), Buttons::ok, Icon::warning});
+    });
 }
 
 } // namespace tarvelint

@@ -12,47 +12,44 @@ namespace tarvelint {
 WindowList::~WindowList()
 {
     delete m_options;
-    for (FrmMain* form : mainWindows()) delete form;
+    for (FrmMain* window : mainWindows()) delete window;
 }
 
 FrmMain& WindowList::create()
 {
-    auto* form = new FrmMain(m_environment, m_table, *this);
-    connect(form, &FrmMain::closed, this, [this, form] { closed(form); });
-    opened(form);
-    form->command([form] { form->core().lifecycle.Form_Load(); });
-    return *form;
+    auto* window = new FrmMain(m_environment, m_table, *this);
+    connect(window, &FrmMain::closed, this, [this, window] { closed(window); });
+    m_forms.push_back({&window->form(), window});
+    window->command([window] { window->core().lifecycle.Form_Load(); });
+    return *window;
 }
 
 void WindowList::opened(QWidget* form)
 {
-    std::erase_if(m_forms, [](const QPointer<QWidget>& other) { return !other; });
-    m_forms.emplace_back(form);
+    std::erase_if(m_forms, [](const Form& other) { return !other.widget; });
+    m_forms.push_back({form});
 }
 
 std::vector<FrmMain*> WindowList::mainWindows() const
 {
     std::vector<FrmMain*> windows;
-    for (const auto& form : m_forms)
-        if (auto* window = qobject_cast<FrmMain*>(form.data())) windows.push_back(window);
+    for (const Form& form : m_forms)
+        if (form.window) windows.push_back(form.window);
     return windows;
 }
 
-std::string WindowList::captionOf(const QWidget& form) const
+std::string WindowList::captionOf(const Form& form)
 {
-    if (const auto* window = qobject_cast<const FrmMain*>(&form)) return window->core().caption;
+    if (form.window) return form.window->core().caption();
     // The splash shows the program's title in its frame, but that title belongs to the first main window.
-    return qobject_cast<const FrmSplash*>(&form) ? std::string() : form.windowTitle().toStdString();
+    return qobject_cast<const FrmSplash*>(form.widget) ? std::string() : form.widget->windowTitle().toStdString();
 }
 
 std::vector<std::string> WindowList::otherCaptions(const Window& self) const
 {
     std::vector<std::string> captions;
-    for (const auto& form : m_forms) {
-        if (!form) continue;
-        const auto* window = qobject_cast<const FrmMain*>(form.data());
-        if (!window || &window->core() != &self) captions.push_back(captionOf(*form));
-    }
+    for (const Form& form : m_forms)
+        if (form.widget && (!form.window || &form.window->core() != &self)) captions.push_back(captionOf(form));
     return captions;
 }
 
@@ -90,28 +87,28 @@ void WindowList::unloadOptions()
 
 void WindowList::newWindow()
 {
-    create().show();
+    create().form().show();
 }
 
 void WindowList::exitFrom(Window& self)
 {
-    const std::string own = self.caption;
+    const std::string own = self.caption();
     auto forms = m_forms; // closing changes the list
     std::reverse(forms.begin(), forms.end());
-    for (const auto& form : forms) {
-        if (!form || captionOf(*form) == own) continue;
-        if (auto* window = qobject_cast<FrmMain*>(form.data()))
-            window->unload();
+    for (const Form& form : forms) {
+        if (!form.widget || captionOf(form) == own) continue;
+        if (form.window)
+            form.window->unload();
         else
-            form->close();
+            form.widget->close();
     }
     self.ui.unload();
 }
 
-void WindowList::closed(FrmMain* form)
+void WindowList::closed(FrmMain* window)
 {
-    std::erase(m_forms, form);
-    form->deleteLater(); // its own code may still be on the stack
+    std::erase_if(m_forms, [window](const Form& form) { return form.window == window; });
+    window->deleteLater(); // its own code may still be on the stack
     if (mainWindows().empty()) Q_EMIT lastClosed();
 }
 

@@ -48,13 +48,17 @@ Q_SIGNALS:
     void lastClosed();
 
 private:
-    [[nodiscard]] std::string captionOf(const QWidget& form) const;
-    void closed(FrmMain* form);
+    struct Form {
+        QPointer<QWidget> widget;
+        FrmMain* window = nullptr; ///< of a main window
+    };
+    [[nodiscard]] static std::string captionOf(const Form& form);
+    void closed(FrmMain* window);
     void runIn(const Window& window, const std::function<void()>& body);
 
     Environment m_environment;
     const StringTable& m_table;
-    std::vector<QPointer<QWidget>> m_forms;
+    std::vector<Form> m_forms;
     QPointer<OptionsDialog> m_options;
 };
 

@@ -1,0 +1,14 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "window/ui.h"
+
+class QWidget;
+
+namespace tarvelint {
+
+/// Shows a message over a window, which takes no input meanwhile, and waits for the answer: Esc and the frame's close
+/// button give the least harmful one.
+[[nodiscard]] Answer askInBox(QWidget& over, const Message& message);
+
+} // namespace tarvelint

@@ -1,0 +1,38 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include <QDialog>
+
+class QBoxLayout;
+class QVBoxLayout;
+
+namespace tarvelint {
+
+class ContentsArea;
+
+/// What the program's own dialogs have in common: Enter presses the default button wherever the focus is, and what a
+/// small screen has no room for scrolls, the buttons below it always in view. A push button in focus is the default one
+/// meanwhile.
+class ProgramDialog : public QDialog {
+    Q_OBJECT
+
+public:
+    using QDialog::QDialog;
+
+protected:
+    /// Puts `contents`, which has a layout, above `buttons`; to be called once.
+    QVBoxLayout& setParts(QWidget* contents, QBoxLayout* buttons);
+    /// The largest size that leaves the window's frame on the screen.
+    [[nodiscard]] QSize freeSize() const;
+
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+
+private:
+    void fitToScreen();
+
+    ContentsArea* m_contents = nullptr;
+};
+
+} // namespace tarvelint

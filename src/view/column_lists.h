@@ -1,0 +1,46 @@
+// SPDX-License-Identifier: MIT
+#pragma once
+
+#include "window/window.h"
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace tarvelint {
+
+/// The column lists of both areas (`varList`): what their entries read, and which column each area shows. An entry's
+/// index is the 0-based column.
+class ColumnLists {
+public:
+    explicit ColumnLists(Window& window)
+        : m_window(window), m_view(window.view), m_record(window.data), m_sensors(window.sensors), m_ui(window.ui)
+    {
+    }
+
+    /// One entry for each column of a new record, labels or numbers; nothing is chosen afterwards.
+    void fill();
+    /// Chooses an entry (-1 for none) and always runs `varList_Change`.
+    void choose(int index, std::int32_t entry);
+    /// Shows the chosen column; in the main area it becomes the column being worked on.
+    void varList_Change(int index);
+    /// The user chose an entry, perhaps the same one again.
+    void varList_Click(int index) { varList_Change(index); }
+
+    /// Takes labels, one per column, into the record and the lists; the choices stay, and nothing is redrawn.
+    void updateLabels(const std::vector<std::string>& labels);
+    /// The lists show labels or, with the box clear, column numbers from 1.
+    void labelBox_Click(bool checked);
+
+private:
+    [[nodiscard]] std::vector<std::string> entries() const;
+    void show(std::vector<std::string> entries);
+
+    Window& m_window;
+    View& m_view;
+    Record& m_record;
+    Sensors& m_sensors;
+    Ui& m_ui;
+};
+
+} // namespace tarvelint
