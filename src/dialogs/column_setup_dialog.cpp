@@ -2,6 +2,7 @@
 #include "dialogs/column_setup_dialog.h"
 
 #include "dialogs/label_text.h"
+#include "dialogs/named.h"
 
 #include <QCheckBox>
 #include <QCoreApplication>
@@ -26,14 +27,6 @@ namespace tarvelint {
 namespace {
 
 constexpr int kGap = 8; ///< pixels between the parts of a row
-
-template <class Widget>
-Widget* named(Widget* widget, const char* objectName, const QString& accessibleName)
-{
-    widget->setObjectName(QString::fromLatin1(objectName));
-    widget->setAccessibleName(accessibleName);
-    return widget;
-}
 
 } // namespace
 
