@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/options_dialog.h"
 
+#include "dialogs/named.h"
+
 #include <QApplication>
 #include <QCheckBox>
 #include <QGridLayout>
@@ -29,8 +31,7 @@ OptionsDialog::OptionsDialog(SettingsStore& store, Command command, std::functio
     column->setSpacing(kSpacing);
     column->addLayout(buildBoxes());
     auto* zero = new QCheckBox(QStringLiteral("initiallize with zeros")); // spelled so on purpose: users search for it
-    zero->setObjectName(QStringLiteral("zeroBox"));
-    zero->setAccessibleName(zero->text());
+    named(zero, "zeroBox", zero->text());
     zero->setChecked(m_options.zeroBox);
     connect(zero, &QCheckBox::toggled, this, [this](bool checked) { m_options.zeroBox = checked; });
     column->addWidget(zero);
@@ -62,9 +63,7 @@ QLineEdit* OptionsDialog::addBox(QGridLayout& grid, int line, const char* name, 
                                  std::string Options::*text)
 {
     auto* label = new QLabel(QString::fromLatin1(caption));
-    auto* box = new QLineEdit(QString::fromStdString(m_options.*text));
-    box->setObjectName(QString::fromLatin1(name));
-    box->setAccessibleName(label->text());
+    auto* box = named(new QLineEdit(QString::fromStdString(m_options.*text)), name, label->text());
     box->setCursorPosition(0);
     label->setBuddy(box);
     grid.addWidget(label, line, 0);
@@ -78,9 +77,7 @@ QBoxLayout* OptionsDialog::buildButtons()
 {
     auto* row = new QHBoxLayout;
     row->addStretch();
-    auto* cancel = new QPushButton(QStringLiteral("Cancel"));
-    cancel->setObjectName(QStringLiteral("cmdCancel"));
-    cancel->setAccessibleName(cancel->text());
+    auto* cancel = named(new QPushButton(QStringLiteral("Cancel")), "cmdCancel", QStringLiteral("Cancel"));
     connect(cancel, &QPushButton::clicked, this, &QDialog::close);
     row->addWidget(cancel);
     m_cmdApplyCur =
@@ -95,8 +92,7 @@ QPushButton* OptionsDialog::addButton(QBoxLayout& row, const char* name, const c
                                       const std::function<bool()>& work)
 {
     auto* button = new QPushButton(QString::fromLatin1(caption));
-    button->setObjectName(QString::fromLatin1(name));
-    button->setAccessibleName(button->text().remove(u'&'));
+    named(button, name, button->text().remove(u'&'));
     button->setToolTip(QString::fromUtf8(tip));
     connect(button, &QPushButton::clicked, this, [this, work] { apply(work); });
     row.addWidget(button);

@@ -2,6 +2,7 @@
 #include "dialogs/save_contents_dialog.h"
 
 #include "dialogs/file_dialogs.h"
+#include "dialogs/named.h"
 
 #include <QCheckBox>
 #include <QGroupBox>
@@ -16,9 +17,7 @@ namespace {
 QPushButton* addButton(QBoxLayout& row, const char* name, const char* caption)
 {
     auto* button = new QPushButton(QString::fromLatin1(caption));
-    button->setObjectName(QString::fromLatin1(name));
-    button->setAccessibleName(button->text());
-    row.addWidget(button);
+    row.addWidget(named(button, name, button->text()));
     return button;
 }
 
@@ -31,8 +30,7 @@ SaveContentsDialog::SaveContentsDialog(SaveContents& contents, QWidget* parent)
     setWindowTitle(QStringLiteral("Save:"));
 
     auto* frame = new QGroupBox(QStringLiteral("File contents"));
-    frame->setObjectName(QStringLiteral("contentsFrame"));
-    frame->setAccessibleName(frame->title());
+    named(frame, "contentsFrame", frame->title());
     auto* layers = new QVBoxLayout(frame);
     layers->addWidget(addBox("inCheck", "unconverted data", &SaveContents::inCheck));
     layers->addWidget(addBox("baseCheck", "baseline data", &SaveContents::baseCheck));
@@ -67,8 +65,7 @@ SaveContentsDialog::SaveContentsDialog(SaveContents& contents, QWidget* parent)
 QCheckBox* SaveContentsDialog::addBox(const char* name, const char* caption, bool SaveContents::*value)
 {
     auto* box = new QCheckBox(QString::fromLatin1(caption));
-    box->setObjectName(QString::fromLatin1(name));
-    box->setAccessibleName(box->text());
+    named(box, name, box->text());
     connect(box, &QCheckBox::toggled, this, [this, value](bool checked) { m_contents.*value = checked; });
     m_boxes.append({box, value});
     return box;
