@@ -30,7 +30,8 @@ double RowConverter::convert(const std::string& equation, double source, double 
 AfterFault RowConverter::onFault(const Fault& fault)
 {
     const Message question{faultPrompt(fault, m_row), std::string(kTitle), Buttons::okCancel, Icon::none};
-    m_isStopped = m_window.ui.messageBox(question) == Answer::cancel;
+    // Operators that wait for a value left out after Cancel may ask too: their OK does not take the Cancel back.
+    if (m_window.ui.messageBox(question) == Answer::cancel) m_isStopped = true;
     return m_isStopped ? AfterFault::stop : AfterFault::goOn;
 }
 

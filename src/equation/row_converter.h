@@ -11,7 +11,7 @@ namespace tarvelint {
 
 class Window;
 
-/// Converts single cells with the equation that the window's `FormulaBox` shows at that moment, and lets pending events
+/// Converts single cells with the equation that the window is set to at that moment, and lets pending events
 /// run between them. One lives as long as one command's loop.
 class RowConverter : private FaultSink {
 public:

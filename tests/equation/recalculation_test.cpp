@@ -113,6 +113,16 @@ TEST(Recalculate, endsAfterTheRowOfACancel)
     EXPECT_NE(record.fakeUi.messages.at(0).text.find("Line is 2"), std::string::npos);
 }
 
+TEST(Recalculate, aCancelHoldsForAllColumnsWhateverIsAnsweredAfterIt)
+{
+    Recalculated record;
+    record.setText(Control::FormulaBox, "(1/0)/5");
+    record.fakeUi.answers = {Answer::cancel, Answer::ok};
+    record.recalculation.recalculate(-1);
+    EXPECT_EQ(record.column(kConverted, 0), (Cells{0, 7, 7}));
+    EXPECT_EQ(record.column(kConverted, 1), (Cells{7, 7, 7}));
+}
+
 TEST(Recalculate, worksUnderTheHourglass)
 {
     for (const std::int32_t column : {0, -1}) {

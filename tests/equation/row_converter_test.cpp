@@ -111,6 +111,15 @@ TEST(RowConverter, afterCancelTheRowIsStoredAndTheLoopEnds)
     EXPECT_EQ(rows.at(0), 4);
 }
 
+TEST(RowConverter, anOkInTheSameRowDoesNotTakeACancelBack)
+{
+    Rows rows("(1/0)/5"); // the 5 is not evaluated any more, and the division by it asks as well
+    RowConverter converter(rows);
+    rows.fakeUi.answers = {Answer::cancel, Answer::ok};
+    EXPECT_FALSE(converter.convertRow(0, 0));
+    EXPECT_EQ(rows.fakeUi.messages.size(), 2U);
+}
+
 TEST(RowConverter, afterCancelEveryValueIsZeroAndNothingIsAsked)
 {
     Rows rows("X");
