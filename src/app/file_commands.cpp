@@ -62,7 +62,7 @@ std::string savedName(const std::string& path, FileType type)
 
 void FileCommands::mnuFileOpen_Click()
 {
-    if (!m_view.columnEntries.empty() && !m_record.saveCheck && !savedialog("Open new file:")) return;
+    if (!m_record.isEmpty() && !m_record.saveCheck && !savedialog("Open new file:")) return;
     auto file = m_window.dialogs.openFileDialog({"Open", kOpenFilters, m_application.lastFileType});
     if (file && !file->path.empty() && settleType(*file)) openFile(*file);
 }
@@ -108,7 +108,9 @@ void FileCommands::takeRecord(LoadedRecord& loaded, const ChosenFile& file)
     static_cast<DataSet&>(m_record) = std::move(loaded.data);
     m_record.parameters.assign(static_cast<std::size_t>(m_record.columns), false);
     m_record.savesLabels = loaded.hadLabelsLine;
-    m_window.file = {.filePath = file.path, .savePath = {}, .fileDelimiter = file.type};
+    m_window.file.filePath = file.path;
+    m_window.file.savePath.clear();
+    m_window.file.fileDelimiter = file.type;
     m_application.lastFileType = file.type;
     ColumnLists(m_window).fill(); // nothing is chosen from here on, so the reset below draws nothing of the new record
     m_ui.surface(1).erase();
@@ -123,7 +125,7 @@ void FileCommands::resetForNewRecord()
     m_view.dropPoint();
     m_view.hoverRow = m_view.selStart = m_view.selEnd = m_view.lastClick = 0;
     m_undo.forget();
-    m_window.setScrollRange(0, 1, 1);
+    m_view.HScroll1 = {};
     m_window.setNoZeroFlow(false);
     m_window.setText(Control::colLabel, plainText(m_record.columns));
     m_window.setText(Control::rowLabel, plainText(m_record.lines));
@@ -134,7 +136,6 @@ void FileCommands::enableForWork()
     for (const Control control : controlsThatNeed(Needs::record)) m_window.setEnabled(control, true);
     Scrolling scrolling(m_window);
     scrolling.showZoomEntries();
-    m_view.HScroll1.Min = 0;
     scrolling.fitScrollBar();
 }
 
@@ -205,9 +206,8 @@ void FileCommands::write(const ChosenFile& target)
 {
     const BusyDisplay busy(m_window);
     m_window.setStatus(1, "Status: writing file");
-    const SaveContents& contents = *m_forms.typeFrm;
-    const SaveChoices choices{contents.inCheck,     contents.baseCheck,  contents.outCheck,
-                              contents.headerCheck, contents.blankCheck, m_record.savesLabels};
+    SaveChoices choices = m_window.file.choices;
+    choices.labels = m_record.savesLabels;
     WindowProgress progress(m_window);
     writeRecord(m_env.files, target.path, target.type, m_record, choices,
                 {m_env.style.longDate(), m_env.style.grouping()}, progress);

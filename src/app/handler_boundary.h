@@ -10,7 +10,8 @@ namespace tarvelint {
 /// Thrown out of `letPendingEventsRun` when the window is to go: the running command ends without a word.
 class WindowClosing {};
 
-/// The one way by which user actions enter a window. Whatever the core throws ends here as one message box.
+/// The way by which user actions that change anything enter a window; leaving a dialog unanswered needs no door.
+/// Whatever the core throws ends here as one message box.
 class HandlerBoundary {
 public:
     explicit HandlerBoundary(Window& window) : m_window(window) {}

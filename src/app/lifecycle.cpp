@@ -72,11 +72,10 @@ void Lifecycle::unloadDialogs()
     m_forms.unloadSaveContents();
 }
 
-void Lifecycle::toggleBar(Control entry, Control bar)
+void Lifecycle::showBar(Control entry, Control bar, bool shown)
 {
-    const bool show = !m_window.isChecked(entry);
-    m_window.setChecked(entry, show);
-    m_window.setVisible(bar, show);
+    m_window.setChecked(entry, shown);
+    m_window.setVisible(bar, shown);
 }
 
 } // namespace tarvelint

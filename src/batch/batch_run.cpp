@@ -65,6 +65,8 @@ public:
 
 private:
     [[nodiscard]] std::vector<bool> parameterColumns() const;
+    /// A column counted from 1, counted from 0. @throws CommandFailure when the record does not have it
+    [[nodiscard]] std::int16_t existing(std::int16_t column1, const char* what) const;
     void announceEquation();
     void convertSensor(Equation& equation, std::int32_t sensor);
     [[nodiscard]] const std::string& label(std::int32_t sensor) const
@@ -101,12 +103,18 @@ std::vector<bool> BatchRun::parameterColumns() const
     return columns;
 }
 
+std::int16_t BatchRun::existing(std::int16_t column1, const char* what) const
+{
+    if (!m_record.hasColumn(column1 - 1)) throw noSuchColumn(what, plainText(column1), m_record);
+    return static_cast<std::int16_t>(column1 - 1);
+}
+
 void BatchRun::layBaselines()
 {
     m_record.parameters = parameterColumns();
     m_zeroFlow = m_options.zeroFlow;
-    m_zeroFlow.vpdCol = columnIndex(plainText(m_options.vpdColumn), "VPD", m_record);
-    m_zeroFlow.parCol = columnIndex(plainText(m_options.parColumn), "PAR", m_record);
+    m_zeroFlow.vpdCol = existing(m_options.vpdColumn, "VPD");
+    m_zeroFlow.parCol = existing(m_options.parColumn, "PAR");
     if (m_record.sensorColumns().empty()) throw noSensorColumn();
     preProcess(m_record, m_zeroFlow);
     static_cast<void>(getBase(m_record, m_sensors, [this](const char* text) { m_console.status(text); }));

@@ -4,7 +4,6 @@
 #include "data/numbers.h"
 
 #include <algorithm>
-#include <optional>
 
 namespace tarvelint {
 

@@ -128,6 +128,14 @@ void addZeroFlow(CLI::App& app, Raw& raw)
         ->check(CLI::Validator(checkWhole, ""))
         ->type_name("ROWS")
         ->capture_default_str();
+    app.add_option("--parameters", options.parameters,
+                   "Columns that are not converted: numbers, ranges and labels, such as 1-4,9,Tair "
+                   "(default: 1, 2, VPD and PAR)")
+        ->type_name("LIST");
+}
+
+void addEquation(CLI::App& app, BatchOptions& options)
+{
     app.add_option("--equation", options.equation,
                    "Equation in the reading X and the baseline B (default: the fixed 119*((B/X)-1)^1.23)")
         ->type_name("TEXT");
@@ -141,10 +149,6 @@ void addZeroFlow(CLI::App& app, Raw& raw)
            "With --equation: a reading below its baseline counts as the baseline")
         ->disable_flag_override()
         ->excludes(high);
-    app.add_option("--parameters", options.parameters,
-                   "Columns that are not converted: numbers, ranges and labels, such as 1-4,9,Tair "
-                   "(default: 1, 2, VPD and PAR)")
-        ->type_name("LIST");
 }
 
 void addContents(CLI::App& app, Raw& raw)
@@ -215,6 +219,7 @@ ParsedCommandLine parseCommandLine(int argc, const char* const* argv, std::ostre
     app.set_version_flag("--version", std::string("tarvelint-batch ") + TARVELINT_VERSION);
     addFiles(app, raw);
     addZeroFlow(app, raw);
+    addEquation(app, raw.options);
     addContents(app, raw);
     try {
         app.parse(argc, argv);

@@ -16,7 +16,7 @@
 namespace tarvelint {
 
 /// Reads a delimited record into a data set, with or without this program's header line. The data set
-/// handed in carries the window's settings (`blank`, `zeroOut`, the parameter columns); after a failure
+/// handed in says what stands for absent numbers (`blank`, `zeroOut`); after a failure
 /// it is unspecified and to be thrown away, so callers pass a fresh one and keep the old.
 class DataFileReader {
 public:

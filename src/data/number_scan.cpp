@@ -85,6 +85,12 @@ std::optional<double> numericValue(std::string_view text)
 
 const char* scanNumber(const char* first, const char* last, double& value)
 {
+    // Most fields begin with their first digit and are of ordinary size: those the standard conversion takes as they
+    // are.
+    if (first != last && isDigit(*first)) {
+        const auto [end, fault] = std::from_chars(first, last, value);
+        if (fault == std::errc{}) return end;
+    }
     double read = 0;
     const char* const end = scanAnySize(first, last, read);
     if (end == nullptr || std::isinf(read)) return nullptr;

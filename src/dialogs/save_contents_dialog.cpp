@@ -32,14 +32,14 @@ SaveContentsDialog::SaveContentsDialog(SaveContents& contents, QWidget* parent)
     auto* frame = new QGroupBox(QStringLiteral("File contents"));
     named(frame, "contentsFrame", frame->title());
     auto* layers = new QVBoxLayout(frame);
-    layers->addWidget(addBox("inCheck", "unconverted data", &SaveContents::inCheck));
-    layers->addWidget(addBox("baseCheck", "baseline data", &SaveContents::baseCheck));
-    layers->addWidget(addBox("outCheck", "converted data", &SaveContents::outCheck));
+    layers->addWidget(addBox("inCheck", "unconverted data", &SaveChoices::unconverted));
+    layers->addWidget(addBox("baseCheck", "baseline data", &SaveChoices::baseline));
+    layers->addWidget(addBox("outCheck", "converted data", &SaveChoices::converted));
 
-    auto* header = addBox("headerCheck", "Include a header line (recommended)", &SaveContents::headerCheck);
+    auto* header = addBox("headerCheck", "Include a header line (recommended)", &SaveChoices::header);
     header->setToolTip(QStringLiteral("The first line will describe the contents of the file and enable Tarvelint to "
                                       "open the file correctly next time"));
-    auto* blank = addBox("blankCheck", "Replace missing values with dots", &SaveContents::blankCheck);
+    auto* blank = addBox("blankCheck", "Replace missing values with dots", &SaveChoices::dots);
 
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
@@ -62,18 +62,18 @@ SaveContentsDialog::SaveContentsDialog(SaveContents& contents, QWidget* parent)
     showContents();
 }
 
-QCheckBox* SaveContentsDialog::addBox(const char* name, const char* caption, bool SaveContents::*value)
+QCheckBox* SaveContentsDialog::addBox(const char* name, const char* caption, bool SaveChoices::*value)
 {
     auto* box = new QCheckBox(QString::fromLatin1(caption));
     named(box, name, box->text());
-    connect(box, &QCheckBox::toggled, this, [this, value](bool checked) { m_contents.*value = checked; });
+    connect(box, &QCheckBox::toggled, this, [this, value](bool checked) { m_contents.choices.*value = checked; });
     m_boxes.append({box, value});
     return box;
 }
 
 void SaveContentsDialog::showContents()
 {
-    for (const Box& box : m_boxes) box.widget->setChecked(m_contents.*box.value);
+    for (const Box& box : m_boxes) box.widget->setChecked(m_contents.choices.*box.value);
 }
 
 void SaveContentsDialog::ask()

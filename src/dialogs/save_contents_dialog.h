@@ -18,7 +18,7 @@ public:
     /// `contents` outlives every `ask`.
     explicit SaveContentsDialog(SaveContents& contents, QWidget* parent = nullptr);
 
-    /// Shows the dialog over its window and returns when it is hidden; the answer stands in `SaveContents::result`,
+    /// Shows the dialog over its window and returns when it is hidden; the answer stands in `SaveContents::confirmed`,
     /// "Cancel" unless it was left by its OK button. The dialog may be gone on return when its window went.
     void ask();
 
@@ -26,13 +26,13 @@ public:
     void reject() override;
 
 private:
-    [[nodiscard]] QCheckBox* addBox(const char* name, const char* caption, bool SaveContents::*value);
+    [[nodiscard]] QCheckBox* addBox(const char* name, const char* caption, bool SaveChoices::*value);
     void showContents();
 
     SaveContents& m_contents;
     struct Box {
         QCheckBox* widget;
-        bool SaveContents::*value;
+        bool SaveChoices::*value;
     };
     QList<Box> m_boxes;
 };

@@ -35,8 +35,8 @@ private:
     };
     /// What a command was about to change.
     struct Copy {
-        std::int32_t undoCol = -1;
-        std::int32_t firstRow = 0;
+        std::int32_t undoCol;
+        std::int32_t firstRow;
         std::vector<Cells> undoBuf; ///< one element per row from `firstRow` on; empty when no row was in the data
     };
     void showAvailability();

@@ -28,7 +28,7 @@ private:
 
     Window& m_window;
     View& m_view;
-    Record& m_record;
+    const Record& m_record;
 };
 
 } // namespace tarvelint

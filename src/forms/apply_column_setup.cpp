@@ -23,7 +23,6 @@ void applyPreProcess(Window& window, const ZeroFlowSettings& zeroFlow)
         window.ui.paintStatus();
     });
     window.setNoZeroFlow(placed == 0);
-    window.markChanged();
 }
 
 void applyManual(Window& window)

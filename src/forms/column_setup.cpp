@@ -98,6 +98,13 @@ CommandFailure unusableNumber(const char* what, const std::string& text)
                           "\" does not fit. Type a number of ordinary size.");
 }
 
+/// The 0-based column that a typed number names: its leading number less one, rounded half to even.
+std::int16_t columnIn(const std::string& text, const char* what, const Record& record)
+{
+    const auto column = roundedToInt16(leadingNumber(text) - 1);
+    return column && record.hasColumn(*column) ? *column : throw noSuchColumn(what, text, record);
+}
+
 float limit(const std::string& text, const char* what)
 {
     const auto number = roundedToFloat32(leadingNumber(text));
@@ -115,8 +122,8 @@ std::int32_t rowCount(const std::string& text)
 ZeroFlowSettings ColumnSetup::readParameters() const
 {
     ZeroFlowSettings parameters;
-    parameters.vpdCol = columnIndex(boxes.vpdBox, "VPD", m_parentForm.data);
-    parameters.parCol = columnIndex(boxes.parBox, "PAR", m_parentForm.data);
+    parameters.vpdCol = columnIn(boxes.vpdBox, "VPD", m_parentForm.data);
+    parameters.parCol = columnIn(boxes.parBox, "PAR", m_parentForm.data);
     parameters.vpdLimit = limit(boxes.VPDlBox, "VPD limit");
     parameters.parLimit = limit(boxes.PARlBox, "PAR limit");
     parameters.lullTime = rowCount(boxes.timeBox);

@@ -1,16 +1,14 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "data/file_format.h"
+
 namespace tarvelint {
 
-/// The plain half of the save-contents dialog (`FileTypeFrm`): what its boxes hold between saves of one
-/// window, and how it was left. All boxes start checked, so that what is saved can be reopened.
+/// The plain half of the save-contents dialog (`FileTypeFrm`): its boxes show and set what a window's saves write, and
+/// it knows how it was left.
 struct SaveContents {
-    bool inCheck = true;
-    bool baseCheck = true;
-    bool outCheck = true;
-    bool headerCheck = true;
-    bool blankCheck = true;
+    SaveChoices& choices;   ///< the window's; they stay as the boxes were left, also after Cancel
     bool confirmed = false; ///< left by its OK button, and by nothing else
 
     void open() { confirmed = false; }

@@ -26,7 +26,7 @@ void WindowForms::loadColumnSetup()
 
 bool WindowForms::askContents()
 {
-    if (!typeFrm) typeFrm = std::make_unique<SaveContents>();
+    if (!typeFrm) typeFrm = std::make_unique<SaveContents>(m_window.file.choices);
     typeFrm->open();
     m_window.dialogs.showSaveContents();
     return typeFrm && typeFrm->confirmed; // it goes when its window is closed meanwhile

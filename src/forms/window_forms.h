@@ -26,7 +26,7 @@ public:
     void mnuViewLabels_Click() { labelButton_Click(); }
     /// The column setup dialog of a record that has just been read: new, and its window waits for it.
     void showNewColumnSetup();
-    /// Shows the save-contents dialog and waits. True after its OK, when the choices stand in `typeFrm`.
+    /// Shows the save-contents dialog and waits. True after its OK, when the window's choices hold.
     [[nodiscard]] bool askContents();
 
     void unloadColumnSetup();

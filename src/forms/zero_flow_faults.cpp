@@ -5,14 +5,12 @@
 
 namespace tarvelint {
 
-std::int16_t columnIndex(const std::string& typed, const char* what, const Record& record)
+CommandFailure noSuchColumn(const char* what, const std::string& typed, const Record& record)
 {
-    if (const auto column = roundedToInt16(leadingNumber(typed) - 1); column && record.hasColumn(*column))
-        return *column;
     const std::string columns = plainText(record.columns);
-    throw CommandFailure(std::string("The ") + what + " column \"" + typed + "\" does not exist: the file has " +
-                         columns + (record.columns == 1 ? " column" : " columns") + ". Type a number from 1 to " +
-                         columns + ".");
+    return CommandFailure(std::string("The ") + what + " column \"" + typed + "\" does not exist: the file has " +
+                          columns + (record.columns == 1 ? " column" : " columns") + ". Type a number from 1 to " +
+                          columns + ".");
 }
 
 CommandFailure noSensorColumn()

@@ -4,28 +4,24 @@
 #include "data/numbers.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace tarvelint {
+
+std::string columnEntry(const Record& record, const View& view, std::int32_t column0)
+{
+    const auto i = static_cast<std::size_t>(column0);
+    return view.entriesAreLabels && i < record.labels.size() ? record.labels[i] : plainText(column0 + 1);
+}
 
 void ColumnLists::fill()
 {
     m_view.chosenColumn = {-1, -1};
-    show(entries());
+    showEntries(m_view.showsLabels);
 }
 
-std::vector<std::string> ColumnLists::entries() const
+void ColumnLists::showEntries(bool asLabels)
 {
-    std::vector<std::string> entries;
-    if (m_view.showsLabels) entries = m_record.labels;
-    for (auto c = static_cast<std::int32_t>(entries.size()); c < m_record.columns; ++c)
-        entries.push_back(plainText(c + 1));
-    return entries;
-}
-
-void ColumnLists::show(std::vector<std::string> entries)
-{
-    m_view.columnEntries = std::move(entries);
+    m_view.entriesAreLabels = asLabels;
     for (int index = 0; index < 2; ++index) m_ui.listChanged(index);
 }
 
@@ -59,13 +55,13 @@ void ColumnLists::updateLabels(const std::vector<std::string>& labels)
     std::vector<std::string>& taken = m_record.labels;
     taken.resize(std::max(taken.size(), count));
     std::copy_n(labels.begin(), count, taken.begin());
-    show(taken); // labels, also while "show" is off
+    showEntries(true); // also while "show" is off
 }
 
 void ColumnLists::labelBox_Click(bool checked)
 {
     m_window.setChecked(Control::labelBox, checked);
-    show(entries());
+    showEntries(checked);
 }
 
 } // namespace tarvelint

@@ -9,6 +9,9 @@
 
 namespace tarvelint {
 
+/// What an entry of the column lists reads: the column's label or its number from 1.
+[[nodiscard]] std::string columnEntry(const Record& record, const View& view, std::int32_t column0);
+
 /// The column lists of both areas (`varList`): what their entries read, and which column each area shows. An entry's
 /// index is the 0-based column.
 class ColumnLists {
@@ -18,7 +21,7 @@ public:
     {
     }
 
-    /// One entry for each column of a new record, labels or numbers; nothing is chosen afterwards.
+    /// The entries of a new record; nothing is chosen afterwards.
     void fill();
     /// Chooses an entry (-1 for none) and always runs `varList_Change`.
     void choose(int index, std::int32_t entry);
@@ -33,13 +36,12 @@ public:
     void labelBox_Click(bool checked);
 
 private:
-    [[nodiscard]] std::vector<std::string> entries() const;
-    void show(std::vector<std::string> entries);
+    void showEntries(bool asLabels);
 
     Window& m_window;
     View& m_view;
     Record& m_record;
-    Sensors& m_sensors;
+    const Sensors& m_sensors;
     Ui& m_ui;
 };
 

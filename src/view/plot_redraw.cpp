@@ -14,7 +14,7 @@ void PlotRedraw::redraw(int index, bool clear)
     const Control top = element(Control::maxLabel0, index);
     Surface& area = m_ui.surface(index);
     const PlotPlace place{index, m_ui.surface(0).scaleWidth(), area.scaleHeight()};
-    const std::string grouping = m_view.isAutomatic(index) ? m_env.style.grouping() : std::string();
+    const std::string grouping = m_view.isAutomatic(index) ? m_style.grouping() : std::string();
     const PlotFit fit = fitPlot(m_record, m_view, place, {m_window.text(bottom), m_window.text(top)}, grouping);
     if (fit.automaticRange) {
         m_window.setText(bottom, fit.automaticRange->bottom);

@@ -11,7 +11,7 @@ class PlotRedraw {
 public:
     explicit PlotRedraw(Window& window)
         : m_window(window), m_view(window.view), m_record(window.data), m_sensors(window.sensors), m_ui(window.ui),
-          m_env(window.env)
+          m_style(window.env.style)
     {
     }
 
@@ -23,10 +23,10 @@ public:
 private:
     Window& m_window;
     View& m_view;
-    Record& m_record;
-    Sensors& m_sensors;
+    const Record& m_record;
+    const Sensors& m_sensors;
     Ui& m_ui;
-    Environment& m_env;
+    const SystemStyle& m_style;
 };
 
 } // namespace tarvelint

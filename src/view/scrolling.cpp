@@ -50,9 +50,12 @@ void Scrolling::scrollset()
 
 void Scrolling::fitScrollBar()
 {
-    const auto range = scrollRange16(width(), m_view.zoomFactor, m_record.lines);
-    m_window.setLongRecord(!range);
-    apply(range ? *range : scrollRange32(width(), m_view.zoomFactor, m_record.lines));
+    const bool isLong = !scrollRange16(width(), m_view.zoomFactor, m_record.lines);
+    m_window.setLongRecord(isLong);
+    if (isLong)
+        apply(scrollRange32(width(), m_view.zoomFactor, m_record.lines));
+    else
+        scrollset();
 }
 
 void Scrolling::apply(const ScrollRange& range)

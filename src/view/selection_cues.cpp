@@ -10,7 +10,7 @@ void SelectionCues::updateCues()
 {
     if (m_view.selStart < 0 || m_view.selEnd > m_record.lines - 1 || m_view.selEnd < m_view.selStart) return;
 
-    const std::string grouping = m_env.style.grouping();
+    const std::string grouping = m_style.grouping();
     const auto reading = [&](std::int32_t row) {
         return m_record.hasColumn(m_view.curCol())
                    ? screenText(m_record.values(kUnconverted, m_view.curCol(), row), grouping)

@@ -9,7 +9,7 @@ namespace tarvelint {
 class SelectionCues {
 public:
     explicit SelectionCues(Window& window)
-        : m_window(window), m_view(window.view), m_record(window.data), m_env(window.env)
+        : m_window(window), m_view(window.view), m_record(window.data), m_style(window.env.style)
     {
     }
 
@@ -19,9 +19,9 @@ public:
 
 private:
     Window& m_window;
-    View& m_view;
-    Record& m_record;
-    Environment& m_env;
+    const View& m_view;
+    const Record& m_record;
+    const SystemStyle& m_style;
 };
 
 } // namespace tarvelint

@@ -18,8 +18,8 @@ struct ZeroFlowSettings {
 
 /// How a window turns readings into sap flux.
 struct ConversionSettings {
-    std::string equation;        ///< in the reading X and the baseline B, as `FormulaBox` shows it
-    bool baselineIsHigh = false; ///< readings above their baseline count as the baseline, else those below it
+    std::string equation;       ///< in the reading X and the baseline B, as `FormulaBox` shows it
+    bool baselineIsHigh = true; ///< readings above their baseline count as the baseline, else those below it
     ZeroFlowSettings zeroFlow;
 };
 

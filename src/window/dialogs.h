@@ -22,7 +22,7 @@ struct FileDialog {
 
 /// What the user chose in a file dialog.
 struct ChosenFile {
-    std::string path; ///< UTF-8
+    std::string path; ///< the system's bytes
     FileType type = FileType::space;
 };
 

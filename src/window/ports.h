@@ -49,7 +49,7 @@ public:
     virtual void commit() = 0;
 };
 
-/// The file system as commands see it. Paths are UTF-8.
+/// The file system as commands see it. Paths are the system's bytes.
 class Files {
 public:
     virtual ~Files() = default;

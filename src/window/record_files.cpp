@@ -6,8 +6,6 @@
 #include "data/numbers.h"
 
 #include <algorithm>
-#include <utility>
-#include <vector>
 
 namespace tarvelint {
 

@@ -22,7 +22,7 @@ inline constexpr Color kWhite{255, 255, 255};
 inline constexpr Color kBlue{0, 0, 255};
 } // namespace colors
 
-/// A plot area as `redraw` draws on it: origin top left, x right, y down, units are device-independent
+/// What plots are drawn on: origin top left, x right, y down, units are device-independent
 /// pixels. Keeps its pixels until erased; clips by itself; does not smooth lines.
 class Surface {
 public:

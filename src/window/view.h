@@ -6,8 +6,6 @@
 #include <array>
 #include <cstddef>
 #include <cstdint>
-#include <string>
-#include <vector>
 
 namespace tarvelint {
 
@@ -28,7 +26,7 @@ struct View {
     bool longRecord = false;                          ///< the record is longer than 16-bit scrolling reaches
     std::int16_t zoomFactor = 1;                      ///< plot units per row
     std::int16_t zoomLevel = 0;                       ///< pen width less one
-    std::vector<std::string> columnEntries;           ///< of both column lists
+    bool entriesAreLabels = false;                    ///< of both column lists, else numbers; lags behind `showsLabels`
     std::array<std::int32_t, 2> chosenColumn{-1, -1}; ///< entry of `varList`, -1 none
     std::int32_t curLayer = kUnconverted;             ///< of the main area
     std::int32_t curSensor = -1;                      ///< sensor ordinal of `curCol`, or -1; kept while `Turbo` is set
@@ -39,7 +37,9 @@ struct View {
     std::array<bool, 2> automaticRange{false, false};
     bool showsReference = false; ///< the companion's reference line
     bool showsLabels = false;    ///< the column lists read labels, else numbers
-    double yScale = 0;           ///< plot units per data unit, as the last redraw of either area left it
+    bool showsToolBar = false;
+    bool showsStatusBar = false;
+    double yScale = 0; ///< plot units per data unit, as the last redraw of either area left it
 
     // Selection and points
     std::int32_t selStart = 0;

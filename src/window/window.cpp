@@ -20,6 +20,8 @@ auto& Window::checkOf(Self& self, Control which)
     case Control::scaleBox1: return self.view.automaticRange[1];
     case Control::refCheck: return self.view.showsReference;
     case Control::labelBox: return self.view.showsLabels;
+    case Control::mnuViewToolbar: return self.view.showsToolBar;
+    case Control::mnuViewStatusBar: return self.view.showsStatusBar;
     default: return self.state(which).checked;
     }
 }

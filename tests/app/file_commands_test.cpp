@@ -22,10 +22,9 @@ struct Snapshot {
         : caption(shell.window.caption()), path(shell.window.file.filePath), savePath(shell.window.file.savePath),
           status(shell.status()), status2(shell.status2()), rowLabel(shell.window.text(Control::rowLabel)),
           undo(shell.window.text(Control::mnuEditUndo)), delimiter(shell.window.file.fileDelimiter),
-          labels(shell.window.data.labels), entries(shell.window.view.columnEntries),
-          columns(shell.window.data.columns), lines(shell.window.data.lines), blank(shell.window.data.blank),
-          chosen(shell.window.view.chosenColumn[0]), points(shell.window.sensors.count()),
-          pointer(shell.window.pointer()), saveCheck(shell.window.data.saveCheck),
+          labels(shell.window.data.labels), entries(shell.entries()), columns(shell.window.data.columns),
+          lines(shell.window.data.lines), blank(shell.window.data.blank), chosen(shell.window.view.chosenColumn[0]),
+          points(shell.window.sensors.count()), pointer(shell.window.pointer()), saveCheck(shell.window.data.saveCheck),
           hasDialog(shell.window.forms.haveLabelForm())
     {
         for (int layer = 1; layer <= kLayers && lines > 0; ++layer)

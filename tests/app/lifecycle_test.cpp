@@ -245,6 +245,21 @@ TEST(WindowClose, cancelKeepsTheWindowYetItsDialogsAreGoneAndTheSettingsWritten)
     EXPECT_FALSE(shell.window.data.saveCheck);
 }
 
+TEST(WindowClose, cancelKeepsWhatTheDialogsHaveDecided)
+{
+    OpenWindow shell;
+    shell.window.data.parameters = {true};
+    shell.window.data.savesLabels = true;
+    shell.window.file.choices.baseline = false;
+    shell.fakeUi.answers = {Answer::cancel};
+    EXPECT_TRUE(shell.close());
+    EXPECT_TRUE(shell.window.data.isParameter(0));
+    EXPECT_TRUE(shell.window.data.savesLabels);
+    EXPECT_FALSE(shell.window.file.choices.baseline);
+    shell.command([&] { shell.window.forms.labelButton_Click(); });
+    EXPECT_TRUE(shell.window.forms.labelFrm->checkBox(1));
+}
+
 TEST(WindowClose, yesClosesOnlyWhenTheSaveSucceeded)
 {
     for (const bool saved : {true, false}) {
@@ -305,7 +320,7 @@ TEST(WindowClose, unloadsADialogWhileItsStateIsStillThere)
     Engine window(ui, ui, Environment{ground.settings, ground.style, ground.files, ground.clock}, application);
     ui.window = &window;
     window.forms.labelFrm = std::make_unique<ColumnSetup>(window);
-    window.forms.typeFrm = std::make_unique<SaveContents>();
+    window.forms.typeFrm = std::make_unique<SaveContents>(window.file.choices);
     bool cancel = false;
     window.lifecycle.Form_QueryUnload(cancel);
     EXPECT_TRUE(ui.stateWasThere);

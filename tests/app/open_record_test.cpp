@@ -146,7 +146,7 @@ TEST(OpenRecord, fillsTheColumnListsBeforeTheSetupDialogOpens)
 {
     Shell shell;
     shell.openText(kLoggerRecord);
-    EXPECT_THAT(shell.window.view.columnEntries, ElementsAre("Day", "Time", "S1"));
+    EXPECT_THAT(shell.entries(), ElementsAre("Day", "Time", "S1"));
     ASSERT_TRUE(shell.window.forms.haveLabelForm());
     EXPECT_EQ(shell.window.forms.labelFrm->rows(), 3);
     EXPECT_EQ(shell.window.forms.labelFrm->labelBox(3), "S1");
@@ -159,7 +159,7 @@ TEST(OpenRecord, listsNumbersWhileLabelsAreOff)
     Shell shell;
     shell.window.setChecked(Control::labelBox, false);
     shell.openText(kLoggerRecord);
-    EXPECT_THAT(shell.window.view.columnEntries, ElementsAre("1", "2", "3"));
+    EXPECT_THAT(shell.entries(), ElementsAre("1", "2", "3"));
     EXPECT_EQ(shell.window.forms.labelFrm->labelBox(3), "S1"); // the dialog shows labels all the same
 }
 

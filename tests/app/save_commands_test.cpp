@@ -43,6 +43,7 @@ TEST(SavedName, followsTheTypeWithFourCharactersCut)
         {"run.dat", FileType::comma, "run.csv"},
         {"/d/a.b", FileType::comma, "/d/a.csv"}, // the cut would empty the name: at its last "."
         {"/d/ab.c", FileType::comma, "/d/ab.csv"},
+        {"/d/ab.cs", FileType::comma, "/d/a.csv"},   // five characters leave one
         {"/d/.csv", FileType::comma, "/d/.csv.csv"}, // begins with its only ".": not cut
         {"/d/.hidden", FileType::tab, "/d/.hidden.txt"},
         {"/d/.run.csv", FileType::tab, "/d/.run.txt"},
@@ -92,11 +93,11 @@ TEST(SaveDialog, theContentsAreAskedAtEverySaveAndKeepTheirBoxes)
 {
     Unsaved shell;
     shell.saveAs("/data/a.csv");
-    shell.window.forms.typeFrm->baseCheck = false;
+    shell.window.file.choices.baseline = false;
     int asked = 0;
     shell.fakeUi.onSaveContents = [&] {
         ++asked;
-        EXPECT_FALSE(shell.window.forms.typeFrm->baseCheck);
+        EXPECT_FALSE(shell.window.file.choices.baseline);
         EXPECT_FALSE(shell.window.forms.typeFrm->confirmed); // also closing it by its frame cancels
     };
     shell.command([&] { shell.window.files.mnuFileSave_Click(); });
@@ -187,8 +188,8 @@ TEST(SaveFile, writesTheChosenLayersWithTheTypesDelimiter)
 {
     Unsaved shell;
     shell.saveAs("/data/out.csv");
-    shell.window.forms.typeFrm->inCheck = shell.window.forms.typeFrm->outCheck =
-        shell.window.forms.typeFrm->blankCheck = false;
+    shell.window.file.choices.unconverted = shell.window.file.choices.converted = shell.window.file.choices.dots =
+        false;
     shell.saveAs("/data/out.csv", FileType::tab);
     EXPECT_EQ(
         shell.files.contents["/data/out.txt"],
@@ -201,10 +202,25 @@ TEST(SaveFile, withoutAnyLayerWritesTheHeaderOnly)
 {
     Unsaved shell;
     shell.saveAs("/data/out.csv");
-    *shell.window.forms.typeFrm = {.inCheck = false, .baseCheck = false, .outCheck = false};
+    shell.window.file.choices = {.unconverted = false, .baseline = false, .converted = false};
     shell.save();
     EXPECT_EQ(shell.files.contents["/data/out.csv"],
               "Tarvelint output: Friday, 20 November 2026,converted,3 columns,2 rows each,with labels,blank='.'\r\n");
+}
+
+TEST(SaveFile, untilThenLabelsGoOutExactlyWhenTheFileCameWithThem)
+{
+    const auto savedFrom = [](const std::string& text) {
+        Shell shell;
+        shell.openText(text);
+        shell.saveAs("/data/out.csv");
+        return shell.files.contents["/data/out.csv"];
+    };
+    EXPECT_THAT(savedFrom(kLoggerRecord), HasSubstr(",with labels,"));
+    EXPECT_THAT(savedFrom("180,0,9\r\n180,30,8\r\n"), HasSubstr(",without labels,"));
+    EXPECT_THAT(
+        savedFrom("Tarvelint output: today,unconverted,2 columns,1 rows each,without labels,blank='.'\r\n7,8,\r\n"),
+        HasSubstr(",without labels,"));
 }
 
 TEST(SaveFile, labelsFollowTheColumnSetupOnceItsOkWasGiven)

@@ -80,6 +80,14 @@ public:
         command([this] { window.files.mnuFileSave_Click(); });
     }
 
+    /// What the column lists read.
+    [[nodiscard]] std::vector<std::string> entries() const
+    {
+        std::vector<std::string> texts;
+        for (std::int32_t c = 0; c < window.data.columns; ++c)
+            texts.push_back(columnEntry(window.data, window.view, c));
+        return texts;
+    }
     [[nodiscard]] const std::string& status() const { return window.text(Control::statusPanel1); }
     [[nodiscard]] const std::string& status2() const { return window.text(Control::statusPanel2); }
     [[nodiscard]] bool logged(const std::string& event) const

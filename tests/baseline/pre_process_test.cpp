@@ -60,6 +60,20 @@ TEST(PreProcess, oneLowConditionOpensARun)
     EXPECT_EQ(LullWindow("#p-##").flagged(), Rows{2});
 }
 
+TEST(PreProcess, aRowAtEitherLimitOpensARun)
+{
+    for (const std::int32_t column : {0, 1}) {
+        LullWindow window("##-##");
+        window.conversionSettings.zeroFlow.vpdLimit = window.conversionSettings.zeroFlow.parLimit = 0.5F;
+        window.data.values(kUnconverted, column, 1) = 0.5; // the other one is high
+        EXPECT_EQ(window.flagged(), Rows{2}) << "column " << column;
+        LullWindow above("##-##");
+        above.conversionSettings.zeroFlow.vpdLimit = above.conversionSettings.zeroFlow.parLimit = 0.5F;
+        above.data.values(kUnconverted, column, 1) = 0.5625;
+        EXPECT_EQ(above.flagged(), Rows{}) << "column " << column;
+    }
+}
+
 TEST(PreProcess, goingOnNeedsBothConditions)
 {
     EXPECT_EQ(LullWindow("#--v###").flagged(), Rows{2});

@@ -19,7 +19,7 @@ using testing::StartsWith;
 TEST(ColumnSetupOpening, eachRowShowsItsColumnsLabelAlsoWhileTheListsShowNumbers)
 {
     SetupWindow window(2);
-    window.view.columnEntries = {"1", "2"};
+    window.view.showsLabels = window.view.entriesAreLabels = false;
     window.loadDialog();
     EXPECT_EQ(window.dialog().rows(), 2);
     EXPECT_EQ(window.dialog().labelBox(1), "L1");
@@ -156,6 +156,7 @@ TEST(ColumnSetupOk, withoutPreProcessTheOrderIsLabelsUnsavedColumnModesHideColum
     EXPECT_THAT(window.calls, ElementsAre("redraw 0 True, shown", "updateCues",
                                           "redraw 0 True, hidden, Mode: sloppy one-click", "updateCues"));
     EXPECT_EQ(window.labelsAtFirstDrawing.front(), "typed");
+    EXPECT_FALSE(window.savedAtFirstDrawing) << "unsaved before the column is shown";
     EXPECT_FALSE(window.data.saveCheck);
 }
 
@@ -224,6 +225,30 @@ TEST(ColumnSetupOk, withoutPreProcessTheWindowIsInSloppyOneClickModeAndItsModeEn
     EXPECT_TRUE(window.view.Sloppy);
     EXPECT_TRUE(window.isEnabled(Control::mnuToolsMode));
     EXPECT_EQ(window.pointer(), Pointer::northSouth);
+    EXPECT_FALSE(window.view.chainActive) << "OK ends a chain";
+}
+
+TEST(ColumnSetupOk, aNoteOnMissingZeroFlowStaysUntilTheNextPreProcess)
+{
+    SetupWindow window;
+    EXPECT_EQ(window.okWithPreProcess(), "");
+    window.boxes().turboCheck = false;
+    window.dialog().OKButton_Click();
+    EXPECT_EQ(window.text(Control::statusPanel2), "no zero flow found");
+}
+
+TEST(ColumnSetupOk, aRefusedOneLeavesWhatCancelPutsBack)
+{
+    SetupWindow window;
+    window.boxes().timeBox = "7";
+    window.dialog().OKButton_Click();
+    window.boxes().timeBox = "9";
+    window.boxes().vpdBox = "99";
+    EXPECT_NE(window.okWithPreProcess(), "");
+    window.dialog().CancelButton_Click();
+    EXPECT_EQ(window.boxes().timeBox, "7");
+    EXPECT_EQ(window.boxes().vpdBox, "11");
+    EXPECT_FALSE(window.boxes().turboCheck);
 }
 
 TEST(ColumnSetupOk, limitsAre32BitFloats)
@@ -276,6 +301,7 @@ TEST(ColumnSetupOk, untilThenLabelsGoOutAsTheFileCame)
 {
     SetupWindow window;
     window.data.savesLabels = true;
+    window.loadDialog();
     EXPECT_TRUE(window.data.savesLabels); // a dialog that was only looked at loses no labels
     window.dialog().CancelButton_Click();
     EXPECT_TRUE(window.data.savesLabels);

@@ -56,11 +56,15 @@ public:
         TestWindow::redraw(index, clear);
         calls.back() += fakeUi.columnSetupShown ? ", shown" : ", hidden, " + text(Control::statusPanel1);
         if (data.saveCheck) calls.back() += ", still unchanged";
-        labelsAtFirstDrawing = labelsAtFirstDrawing.empty() ? data.labels : labelsAtFirstDrawing;
+        if (labelsAtFirstDrawing.empty()) {
+            labelsAtFirstDrawing = data.labels;
+            savedAtFirstDrawing = data.saveCheck;
+        }
         if (fakeUi.columnSetupShown) sensorsAtFirstDrawing = sensors.count();
     }
 
     std::vector<std::string> labelsAtFirstDrawing;
+    bool savedAtFirstDrawing = true;
     std::int32_t sensorsAtFirstDrawing = -1;
 
 private:

@@ -74,13 +74,13 @@ TEST(AskContents, isTrueOnlyAfterOkAndKeepsTheBoxesBetweenSaves)
 {
     FormsWindow window;
     window.fakeUi.onSaveContents = [&] {
-        window.forms.typeFrm->headerCheck = false;
+        window.file.choices.header = false;
         window.forms.typeFrm->OKButton_Click();
     };
     EXPECT_TRUE(window.forms.askContents());
     window.fakeUi.onSaveContents = [] {}; // closed by its frame
     EXPECT_FALSE(window.forms.askContents());
-    EXPECT_FALSE(window.forms.typeFrm->headerCheck);
+    EXPECT_FALSE(window.file.choices.header);
     window.fakeUi.onSaveContents = [&] { window.forms.unloadSaveContents(); }; // its window is closed meanwhile
     EXPECT_FALSE(window.forms.askContents());
 }
@@ -103,14 +103,16 @@ TEST(Unloading, tellsTheToolkitWhileThePlainHalfIsThereAndOnlyWhatIsLoaded)
 
 TEST(SaveContents, startsWithEveryBoxCheckedSoThatWhatIsSavedCanBeReopened)
 {
-    const SaveContents contents;
-    EXPECT_TRUE(contents.inCheck && contents.baseCheck && contents.outCheck);
-    EXPECT_TRUE(contents.headerCheck && contents.blankCheck);
+    const FormsWindow window;
+    const SaveChoices& choices = window.file.choices;
+    EXPECT_TRUE(choices.unconverted && choices.baseline && choices.converted);
+    EXPECT_TRUE(choices.header && choices.dots);
 }
 
 TEST(SaveContents, isCancelledUnlessLeftByOk)
 {
-    SaveContents contents;
+    SaveChoices choices;
+    SaveContents contents{choices};
     contents.OKButton_Click();
     EXPECT_TRUE(contents.confirmed);
     contents.open(); // closing it by other means cancels

@@ -83,7 +83,8 @@ private Q_SLOTS:
 
     void theSaveDialogReadsAsGiven()
     {
-        SaveContents contents;
+        SaveChoices choices;
+        SaveContents contents{choices};
         SaveContentsDialog dialog(contents);
         QCOMPARE(dialog.windowTitle(), QStringLiteral("Save:"));
         QCOMPARE(dialog.findChild<QGroupBox*>()->title(), QStringLiteral("File contents"));
@@ -117,7 +118,8 @@ private Q_SLOTS:
         QFETCH(const QString, way);
         QWidget parent;
         parent.show();
-        SaveContents contents;
+        SaveChoices choices;
+        SaveContents contents{choices};
         contents.confirmed = true; // of an earlier save
         SaveContentsDialog dialog(contents, &parent);
         whenShown<QDialog>(parent, "FileTypeFrm", [&](QDialog& shownDialog) {
@@ -143,7 +145,8 @@ private Q_SLOTS:
         QFETCH(const QString, name);
         const QByteArray cleared = name.toLatin1();
         QWidget parent;
-        SaveContents contents;
+        SaveChoices choices;
+        SaveContents contents{choices};
         SaveContentsDialog dialog(contents, &parent);
         whenShown<QDialog>(parent, "FileTypeFrm", [&](QDialog& shownDialog) {
             QTest::keyClick(&box(shownDialog, cleared), Qt::Key_Space);
@@ -155,15 +158,15 @@ private Q_SLOTS:
             click(shownDialog, "CancelButton");
         });
         dialog.ask();
-        const bool values[] = {contents.inCheck, contents.baseCheck, contents.outCheck, contents.headerCheck,
-                               contents.blankCheck};
+        const bool values[] = {choices.unconverted, choices.baseline, choices.converted, choices.header, choices.dots};
         for (std::size_t i = 0; i < 5; ++i) QCOMPARE(values[i], cleared != kSaveBoxes[i]);
     }
 
     void theSaveQuestionEndsWithItsWindow()
     {
         auto parent = std::make_unique<QWidget>();
-        SaveContents contents;
+        SaveChoices choices;
+        SaveContents contents{choices};
         auto* dialog = new SaveContentsDialog(contents, parent.get());
         QTimer::singleShot(20, this, [&] { parent.reset(); });
         dialog->ask();

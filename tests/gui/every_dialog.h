@@ -25,7 +25,8 @@ inline StringTable aboutTexts()
 /// One of each dialog, on the bench of the column setup.
 struct Dialogs {
     SetupBench bench{17};
-    SaveContents contents;
+    SaveChoices choices;
+    SaveContents contents{choices};
     OptionsDialog options{bench.settings, [](Window&, const auto&) {}, [] { return std::vector<Window*>(); }};
     SaveContentsDialog save{contents, &bench.parent};
     FrmSplash splash{aboutTexts(), QStringLiteral("1.2.3")};

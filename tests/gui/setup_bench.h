@@ -39,7 +39,6 @@ struct SetupBench {
         window.data.allocate(static_cast<std::int16_t>(columns), 1);
         window.data.labels.clear();
         for (int i = 1; i <= columns; ++i) window.data.labels.push_back("a" + std::to_string(i));
-        window.view.columnEntries = window.data.labels;
         window.forms.labelFrm = std::make_unique<ColumnSetup>(window);
         window.forms.labelFrm->Form_Load();
         parent.resize(600, 400);

@@ -13,7 +13,6 @@
 #include <map>
 #include <sstream>
 #include <string>
-#include <variant>
 #include <vector>
 
 /// Doubles of everything modal or ambient. A double that is asked an unexpected question throws, so a
@@ -142,7 +141,7 @@ public:
 class FakeUi : public Ui, public Dialogs {
 public:
     std::array<RecordingSurface, 2> surfaces;
-    std::vector<std::string> log; ///< "beep", "focus N", "status ...", in order of happening
+    std::vector<std::string> log; ///< dialogs shown and unloaded, "paint status", in order of happening
     std::vector<Message> messages;
     std::deque<Answer> answers;      ///< answers to boxes with a choice; a box with OK only needs none
     std::function<void()> onMessage; ///< what happens while a box is shown

@@ -18,7 +18,7 @@ struct Ground {
     FakeUi fakeUi;
 };
 
-/// A window whose procedures only write down that they were called ("redraw 0 True", "setPoint 3 -1 False"), so one
+/// A window whose procedures only write down that they were called ("redraw 0 True", "undoSave 3"), so one
 /// subsystem can be tested alone. Tests that need a neighbour to act override it.
 class TestWindow : public Ground, public Window {
 public:

@@ -130,7 +130,7 @@ TEST(ColumnEntries, ofANewRecordLeaveNothingChosen)
     panel.lists.fill();
     EXPECT_EQ(panel.view.chosen(0), -1);
     EXPECT_EQ(panel.view.chosen(1), -1);
-    EXPECT_THAT(panel.view.columnEntries, ElementsAre("day", "time", "oak", "pine"));
+    EXPECT_THAT(panel.entries(), ElementsAre("day", "time", "oak", "pine"));
     EXPECT_THAT(panel.calls, IsEmpty());
 }
 
@@ -139,7 +139,7 @@ TEST(ColumnEntries, areNumbersWhileLabelsAreNotShown)
     Panel panel;
     panel.view.showsLabels = false;
     panel.lists.fill();
-    EXPECT_THAT(panel.view.columnEntries, ElementsAre("1", "2", "3", "4"));
+    EXPECT_THAT(panel.entries(), ElementsAre("1", "2", "3", "4"));
 }
 
 // ---- labels
@@ -149,10 +149,10 @@ TEST(ShowLabels, switchesBothListsBetweenLabelsAndColumnNumbers)
     Panel panel;
     panel.lists.labelBox_Click(false);
     EXPECT_FALSE(panel.isChecked(Control::labelBox));
-    EXPECT_THAT(panel.view.columnEntries, ElementsAre("1", "2", "3", "4"));
+    EXPECT_THAT(panel.entries(), ElementsAre("1", "2", "3", "4"));
     panel.lists.labelBox_Click(true);
     EXPECT_TRUE(panel.isChecked(Control::labelBox));
-    EXPECT_THAT(panel.view.columnEntries, ElementsAre("day", "time", "oak", "pine"));
+    EXPECT_THAT(panel.entries(), ElementsAre("day", "time", "oak", "pine"));
 }
 
 TEST(ShowLabels, keepsTheChosenColumnsAndDrawsNothing)
@@ -170,7 +170,7 @@ TEST(ShowLabels, aColumnWithoutALabelKeepsItsNumber)
     Panel panel;
     panel.data.labels = {"day"};
     panel.lists.labelBox_Click(true);
-    EXPECT_THAT(panel.view.columnEntries, ElementsAre("day", "2", "3", "4"));
+    EXPECT_THAT(panel.entries(), ElementsAre("day", "2", "3", "4"));
 }
 
 TEST(UpdateLabels, takesTheTextsIntoRecordAndLists)
@@ -178,7 +178,7 @@ TEST(UpdateLabels, takesTheTextsIntoRecordAndLists)
     Panel panel;
     panel.lists.updateLabels({"day", "time", "Quercus", ""});
     EXPECT_THAT(panel.data.labels, ElementsAre("day", "time", "Quercus", ""));
-    EXPECT_THAT(panel.view.columnEntries, ElementsAre("day", "time", "Quercus", ""));
+    EXPECT_THAT(panel.entries(), ElementsAre("day", "time", "Quercus", ""));
 }
 
 TEST(UpdateLabels, textsForColumnsThatAreNotThereAreDropped)
@@ -203,7 +203,7 @@ TEST(UpdateLabels, showsTheLabelsEvenWhileNumbersWereShown)
     Panel panel;
     panel.lists.labelBox_Click(false);
     panel.lists.updateLabels(panel.data.labels);
-    EXPECT_THAT(panel.view.columnEntries, ElementsAre("day", "time", "oak", "pine"));
+    EXPECT_THAT(panel.entries(), ElementsAre("day", "time", "oak", "pine"));
 }
 
 } // namespace

@@ -34,6 +34,12 @@ struct Panel : TestWindow {
         lists.fill();
         makeSensors({2, 3});
     }
+    [[nodiscard]] Texts entries() const
+    {
+        Texts texts;
+        for (std::int32_t c = 0; c < data.columns; ++c) texts.push_back(columnEntry(data, view, c));
+        return texts;
+    }
     using TestWindow::choose;
     void choose(int index, std::int32_t entry) { lists.choose(index, entry); }
     void select(std::int32_t first, std::int32_t last)

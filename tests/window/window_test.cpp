@@ -27,11 +27,11 @@ TEST(WindowControls, aChangeIsKeptAndToldToTheToolkit)
     TestWindow window;
     window.setText(Control::refBox, "12");
     window.setEnabled(Control::convButton, false);
-    window.setChecked(Control::highBox, true);
+    window.setChecked(Control::highBox, false);
     window.setVisible(Control::HScroll1, false);
     EXPECT_EQ(window.text(Control::refBox), "12");
     EXPECT_FALSE(window.isEnabled(Control::convButton));
-    EXPECT_TRUE(window.isChecked(Control::highBox));
+    EXPECT_FALSE(window.isChecked(Control::highBox));
     EXPECT_FALSE(window.control(Control::HScroll1).visible);
     EXPECT_THAT(window.fakeUi.changes,
                 ElementsAre(Control::refBox, Control::convButton, Control::highBox, Control::HScroll1));
@@ -42,7 +42,7 @@ TEST(WindowControls, whatIsAlreadySoIsNotToldAgain)
     TestWindow window;
     window.setText(Control::refBox, "");
     window.setEnabled(Control::convButton, true);
-    window.setChecked(Control::highBox, false);
+    window.setChecked(Control::highBox, true);
     window.setVisible(Control::HScroll1, true);
     EXPECT_THAT(window.fakeUi.changes, IsEmpty());
 }
@@ -96,12 +96,12 @@ TEST(WindowControls, aFactIsKeptByItsPartAndShownByItsControl)
 {
     TestWindow window;
     window.setText(Control::FormulaBox, "X*B");
-    window.setChecked(Control::highBox, true);
+    window.setChecked(Control::highBox, false);
     window.setChecked(Control::scaleBox1, true);
     window.setChecked(Control::refCheck, true);
     window.setChecked(Control::labelBox, true);
     EXPECT_EQ(window.conversionSettings.equation, "X*B");
-    EXPECT_TRUE(window.conversionSettings.baselineIsHigh);
+    EXPECT_FALSE(window.conversionSettings.baselineIsHigh);
     EXPECT_FALSE(window.view.isAutomatic(0));
     EXPECT_TRUE(window.view.isAutomatic(1));
     EXPECT_TRUE(window.view.showsReference);

@@ -5,20 +5,21 @@
 
 namespace tarvelint {
 
-void ColumnListModel::show(const std::vector<std::string>& entries)
+void ColumnListModel::show(const std::vector<std::string>& labels, bool asLabels)
 {
     beginResetModel();
-    m_entries = &entries;
-    m_rows = static_cast<int>(entries.size());
+    m_labels = &labels;
+    m_asLabels = asLabels;
+    m_rows = static_cast<int>(labels.size());
     endResetModel();
 }
 
 QVariant ColumnListModel::data(const QModelIndex& index, int role) const
 {
-    if (m_entries == nullptr) return {};
-    const auto entry = static_cast<std::size_t>(index.row());
-    if ((role != Qt::DisplayRole && role != Qt::EditRole) || !index.isValid() || entry >= m_entries->size()) return {};
-    return labelForScreen((*m_entries)[entry]);
+    const auto column = static_cast<std::size_t>(index.row());
+    const bool isText = role == Qt::DisplayRole || role == Qt::EditRole;
+    if (!isText || m_labels == nullptr || !index.isValid() || column >= m_labels->size()) return {};
+    return m_asLabels ? labelForScreen((*m_labels)[column]) : QString::number(index.row() + 1);
 }
 
 } // namespace tarvelint

@@ -14,13 +14,15 @@ class ColumnListModel : public QAbstractListModel {
 public:
     using QAbstractListModel::QAbstractListModel;
 
-    /// Shows these entries as they are now; they outlive the model. Changed ones, be it one or all, are shown anew.
-    void show(const std::vector<std::string>& entries);
+    /// Shows these labels, or their columns' numbers, as they are now; they outlive the model. Changed ones, be it one
+    /// or all, are shown anew.
+    void show(const std::vector<std::string>& labels, bool asLabels);
     [[nodiscard]] int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : m_rows; }
     [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
 
 private:
-    const std::vector<std::string>* m_entries = nullptr;
+    const std::vector<std::string>* m_labels = nullptr;
+    bool m_asLabels = false;
     int m_rows = 0;
 };
 

@@ -78,10 +78,10 @@ MainForm::MainForm(const StringTable& table)
     setTabOrders();
 }
 
-void MainForm::showList(int index, const std::vector<std::string>& entries, int chosen)
+void MainForm::showList(int index, const std::vector<std::string>& labels, bool asLabels, int chosen)
 {
     const QSignalBlocker silent(&list(index));
-    m_listModels.at(static_cast<std::size_t>(index))->show(entries);
+    m_listModels.at(static_cast<std::size_t>(index))->show(labels, asLabels);
     list(index).setCurrentIndex(chosen);
 }
 

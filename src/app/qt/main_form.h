@@ -2,7 +2,7 @@
 #pragma once
 
 #include "app/qt/control_widgets.h"
-#include "window/window.h"
+#include "window/view.h"
 
 #include <QMainWindow>
 
@@ -39,8 +39,9 @@ public:
     [[nodiscard]] QScrollBar& scrollBar() const;
     [[nodiscard]] PlotArea& plot(int index) const;
 
-    /// Entries and choice (-1 none) of `varList(index)`; the entries outlive the form's events.
-    void showList(int index, const std::vector<std::string>& entries, int chosen);
+    /// Entries (labels, or the columns' numbers) and choice (-1 none) of `varList(index)`; the labels outlive the
+    /// form's events.
+    void showList(int index, const std::vector<std::string>& labels, bool asLabels, int chosen);
     void showScrollBar(const ScrollBar& bar);
 
 private:

@@ -93,8 +93,8 @@ void QtToolkit::showList(int index)
     const auto i = static_cast<std::size_t>(index);
     if (!m_listStale[i]) return;
     m_listStale[i] = false;
-    const View& view = m_frmMain.core().view;
-    m_frmMain.form().showList(index, view.columnEntries, view.chosen(index));
+    const Engine& core = m_frmMain.core();
+    m_frmMain.form().showList(index, core.data.labels, core.view.entriesAreLabels, core.view.chosen(index));
 }
 
 void QtToolkit::scrollBarChanged()
