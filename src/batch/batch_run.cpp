@@ -174,10 +174,10 @@ bool BatchRun::warn()
 {
     bool anyConverted = false;
     for (std::int32_t sensor = 0; sensor < m_sensors.count(); ++sensor) {
-        const SensorCount count = countRows(m_record, m_sensors, sensor);
-        anyConverted = anyConverted || count.converted > 0;
-        if (count.points < 2)
-            m_console.say(label(sensor) + ": " + plainText(count.points) +
+        anyConverted = anyConverted || isConverted(m_record, m_sensors, sensor);
+        const std::int64_t points = countPoints(m_sensors, sensor);
+        if (points < 2)
+            m_console.say(label(sensor) + ": " + plainText(points) +
                           " points are too few for a baseline, so nothing was converted; " +
                           lowestBesideLimits(m_record, m_zeroFlow));
     }
@@ -187,8 +187,9 @@ bool BatchRun::warn()
 
 void BatchRun::summarise(std::ostream& out) const
 {
-    for (std::int32_t sensor = 0; sensor < m_sensors.count(); ++sensor)
-        out << printable(label(sensor)) << ": " << summaryLine(countRows(m_record, m_sensors, sensor)) << '\n';
+    const std::vector<SensorCount> counts = countRows(m_record, m_sensors);
+    for (std::size_t i = 0; i < counts.size(); ++i)
+        out << printable(label(static_cast<std::int32_t>(i))) << ": " << summaryLine(counts[i]) << '\n';
     out.flush();
     if (!out) throw CommandFailure("The summary cannot be written; the file " + m_options.output + " is complete.");
 }

@@ -29,22 +29,44 @@ RowSpan laidRows(const Sensors& sensors, std::int32_t sensor)
     return first && *last > *first ? RowSpan{*first, *last} : RowSpan{};
 }
 
-SensorCount countRows(const Record& record, const Sensors& sensors, std::int32_t sensor)
+std::vector<SensorCount> countRows(const Record& record, const Sensors& sensors)
+{
+    std::vector<SensorCount> counts(static_cast<std::size_t>(sensors.count()));
+    std::vector<RowSpan> laid;
+    for (std::int32_t sensor = 0; sensor < sensors.count(); ++sensor) laid.push_back(laidRows(sensors, sensor));
+    for (std::int32_t row = 0; row < record.lines; ++row) {
+        for (std::size_t i = 0; i < counts.size(); ++i) {
+            const std::int32_t sensor = static_cast<std::int32_t>(i);
+            const std::int32_t column = sensors.column(sensor);
+            const bool isLaid = row >= laid[i].first && row <= laid[i].last;
+            if (sensors.isPoint(sensor, row)) ++counts[i].points;
+            if (record.isBlank(record.values(kUnconverted, column, row)))
+                ++counts[i].missing;
+            else if (isLaid && !record.isBlank(record.values(kConverted, column, row)))
+                ++counts[i].converted;
+            else
+                ++counts[i].left;
+        }
+    }
+    return counts;
+}
+
+std::int64_t countPoints(const Sensors& sensors, std::int32_t sensor)
+{
+    std::int64_t points = 0;
+    for (auto row = sensors.pointFrom(sensor, 0); row; row = sensors.pointFrom(sensor, *row + 1)) ++points;
+    return points;
+}
+
+bool isConverted(const Record& record, const Sensors& sensors, std::int32_t sensor)
 {
     const std::int32_t column = sensors.column(sensor);
     const RowSpan laid = laidRows(sensors, sensor);
-    SensorCount count;
-    for (std::int32_t row = 0; row < record.lines; ++row) {
-        if (sensors.isPoint(sensor, row)) ++count.points;
-        const bool isLaid = row >= laid.first && row <= laid.last;
-        if (record.isBlank(record.values(kUnconverted, column, row)))
-            ++count.missing;
-        else if (isLaid && !record.isBlank(record.values(kConverted, column, row)))
-            ++count.converted;
-        else
-            ++count.left;
-    }
-    return count;
+    for (std::int32_t row = laid.first; row <= laid.last; ++row)
+        if (!record.isBlank(record.values(kUnconverted, column, row)) &&
+            !record.isBlank(record.values(kConverted, column, row)))
+            return true;
+    return false;
 }
 
 std::string summaryLine(const SensorCount& count)

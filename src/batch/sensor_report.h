@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace tarvelint {
 
@@ -28,7 +29,12 @@ struct SensorCount {
     std::int64_t missing = 0; ///< rows without a reading
 };
 
-[[nodiscard]] SensorCount countRows(const Record& record, const Sensors& sensors, std::int32_t sensor);
+/// One for each sensor, from one pass over the record.
+[[nodiscard]] std::vector<SensorCount> countRows(const Record& record, const Sensors& sensors);
+
+[[nodiscard]] std::int64_t countPoints(const Sensors& sensors, std::int32_t sensor);
+/// Whether a sensor has a converted value of this run; looks no further than the first.
+[[nodiscard]] bool isConverted(const Record& record, const Sensors& sensors, std::int32_t sensor);
 
 /// A line of the summary, without the sensor's label.
 [[nodiscard]] std::string summaryLine(const SensorCount& count);

@@ -2,8 +2,11 @@
 #include "data/numbers.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <cmath>
+#include <cstddef>
+#include <cstdint>
 #include <limits>
 #include <system_error>
 
@@ -36,6 +39,31 @@ double beyondRange(std::string_view number)
     if (std::from_chars(written.data(), written.data() + written.size(), exponent).ec == std::errc::result_out_of_range)
         exponent = written.starts_with('-') ? Limits::min() : Limits::max();
     return exponent + place > 0 ? std::numeric_limits<double>::infinity() : 0.0;
+}
+
+/// The common field, a few digits with or without a point: both numbers are exact doubles, so that their quotient is
+/// rounded once, as the standard conversion would (Clinger 1990). nullptr for anything else.
+const char* scanPlain(const char* first, const char* last, double& value)
+{
+    constexpr std::ptrdiff_t kMostDigits = 15;
+    constexpr std::array<double, kMostDigits + 1> kPowers{1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                          1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    std::uint64_t mantissa = 0;
+    const char* point = nullptr;
+    const char* at = first;
+    for (; at != last; ++at) {
+        if (isDigit(*at))
+            mantissa = mantissa * 10 + static_cast<std::uint64_t>(*at - '0');
+        else if (*at == '.' && point == nullptr)
+            point = at;
+        else
+            break;
+    }
+    const std::ptrdiff_t digits = at - first - (point == nullptr ? 0 : 1);
+    if (digits < 1 || digits > kMostDigits || (at != last && (*at | 0x20) == 'e')) return nullptr;
+    value = static_cast<double>(mantissa);
+    if (point != nullptr) value /= kPowers[static_cast<std::size_t>(at - point - 1)];
+    return at;
 }
 
 /// As `scanNumber`, but a number that is too large gives an infinity instead of none.
@@ -85,12 +113,7 @@ std::optional<double> numericValue(std::string_view text)
 
 const char* scanNumber(const char* first, const char* last, double& value)
 {
-    // Most fields begin with their first digit and are of ordinary size: those the standard conversion takes as they
-    // are.
-    if (first != last && isDigit(*first)) {
-        const auto [end, fault] = std::from_chars(first, last, value);
-        if (fault == std::errc{}) return end;
-    }
+    if (const char* const end = scanPlain(first, last, value); end != nullptr) return end;
     double read = 0;
     const char* const end = scanAnySize(first, last, read);
     if (end == nullptr || std::isinf(read)) return nullptr;
