@@ -68,7 +68,7 @@ private:
     /// A column counted from 1, counted from 0. @throws CommandFailure when the record does not have it
     [[nodiscard]] std::int16_t existing(std::int16_t column1, const char* what) const;
     void announceEquation();
-    void convertSensor(Equation& equation, std::int32_t sensor);
+    void convertCell(Equation& equation, std::int32_t column, std::int32_t row, FaultCount& faults);
     [[nodiscard]] const std::string& label(std::int32_t sensor) const
     {
         return m_record.labels[static_cast<std::size_t>(m_sensors.column(sensor))];
@@ -135,27 +135,32 @@ void BatchRun::convert()
 {
     if (!m_options.equation) return;
     announceEquation();
+    m_console.status("Converting with the equation");
     Equation equation(*m_options.equation);
-    for (std::int32_t sensor = 0; sensor < m_sensors.count(); ++sensor) convertSensor(equation, sensor);
-}
-
-void BatchRun::convertSensor(Equation& equation, std::int32_t sensor)
-{
-    m_console.status("Converting " + label(sensor));
-    const std::int32_t column = m_sensors.column(sensor);
-    const ConversionRule rule{m_options.baselineIsHigh, m_record.blank};
-    const RowSpan laid = laidRows(m_sensors, sensor);
-    FaultCount faults;
-    for (std::int32_t row = laid.first; row <= laid.last; ++row) {
-        const double base = m_record.values(kBaseline, column, row);
-        if (m_record.isBlank(base)) continue;
-        faults.row = row;
-        const double reading = m_record.values(kUnconverted, column, row);
-        m_record.values(kConverted, column, row) = m_record.storable(equation.evaluate(reading, base, rule, faults));
+    std::vector<FaultCount> faults(static_cast<std::size_t>(m_sensors.count()));
+    std::vector<RowSpan> laid;
+    for (std::int32_t sensor = 0; sensor < m_sensors.count(); ++sensor) laid.push_back(laidRows(m_sensors, sensor));
+    // The sensors of a row are neighbours in memory: taken row by row, a record larger than the cache is fetched once.
+    for (std::int32_t row = 0; row < m_record.lines; ++row) {
+        for (std::size_t i = 0; i < laid.size(); ++i)
+            if (row >= laid[i].first && row <= laid[i].last)
+                convertCell(equation, m_sensors.column(static_cast<std::int32_t>(i)), row, faults[i]);
         m_console.row(row + 1);
     }
-    const std::string report = faults.report();
-    if (!report.empty()) m_console.say(label(sensor) + ": " + report);
+    for (std::int32_t sensor = 0; sensor < m_sensors.count(); ++sensor) {
+        const std::string report = faults[static_cast<std::size_t>(sensor)].report();
+        if (!report.empty()) m_console.say(label(sensor) + ": " + report);
+    }
+}
+
+void BatchRun::convertCell(Equation& equation, std::int32_t column, std::int32_t row, FaultCount& faults)
+{
+    const double base = m_record.values(kBaseline, column, row);
+    if (m_record.isBlank(base)) return;
+    faults.row = row;
+    const double reading = m_record.values(kUnconverted, column, row);
+    const ConversionRule rule{m_options.baselineIsHigh, m_record.blank};
+    m_record.values(kConverted, column, row) = m_record.storable(equation.evaluate(reading, base, rule, faults));
 }
 
 void BatchRun::write()

@@ -190,7 +190,7 @@ TEST_F(EquationRun, noticesStartALineOfTheirOwnOnATerminal)
     onTerminal = true;
     run({"--equation", "X /0"});
     EXPECT_NE(err.str().find("\r\033[Ktarvelint-batch: the equation reads X/0\n"), std::string::npos);
-    EXPECT_NE(err.str().find("\r\033[KConverting S "), std::string::npos);
+    EXPECT_NE(err.str().find("\r\033[KConverting with the equation "), std::string::npos);
     EXPECT_NE(err.str().find("\r\033[Ktarvelint-batch: S: equation errors"), std::string::npos);
 }
 
