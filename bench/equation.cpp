@@ -160,8 +160,8 @@ void recalculate_all(benchmark::State& state)
     window.setChecked(Control::highBox, true);
     window.setText(Control::FormulaBox, kEquation);
     window.setReadings(std::vector<std::vector<double>>(kSensors, readings()));
-    for (std::int32_t column = 0; column < window.data.columns; ++column)
-        for (std::int32_t row = 0; row < kRows; ++row) window.data.values(kBaseline, column, row) = kZeroFlow;
+    for (std::int32_t column = 0; column < window.record.columns; ++column)
+        for (std::int32_t row = 0; row < kRows; ++row) window.record.values(kBaseline, column, row) = kZeroFlow;
     Recalculation recalculation(window);
     for (auto _ : state) {
         recalculation.recalculate(-1);

@@ -43,7 +43,7 @@ void convert_turboCalc(benchmark::State& state)
     window.setReadings(std::vector<std::vector<double>>(kSensors, readings()));
     std::int32_t column = 0;
     for (auto _ : state) {
-        for (std::int32_t row = 0; row + kDay < kRows; row += kDay) turboCalc(window.data, column, row, row + kDay);
+        for (std::int32_t row = 0; row + kDay < kRows; row += kDay) turboCalc(window.record, column, row, row + kDay);
         column = (column + 1) % static_cast<std::int32_t>(kSensors);
         benchmark::ClobberMemory();
     }

@@ -23,7 +23,7 @@ class WindowForms;
 class FileCommands {
 public:
     FileCommands(Window& window, WindowForms& forms, Undo& undo, Application& application)
-        : m_window(window), m_view(window.view), m_record(window.data), m_sensors(window.sensors), m_ui(window.ui),
+        : m_window(window), m_view(window.view), m_record(window.record), m_sensors(window.sensors), m_ui(window.ui),
           m_env(window.env), m_forms(forms), m_undo(undo), m_application(application)
     {
     }

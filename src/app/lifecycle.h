@@ -12,7 +12,7 @@ namespace tarvelint {
 class Lifecycle {
 public:
     Lifecycle(Window& window, Application& application, FileCommands& files, WindowForms& forms)
-        : m_window(window), m_view(window.view), m_record(window.data), m_ui(window.ui), m_env(window.env),
+        : m_window(window), m_view(window.view), m_record(window.record), m_ui(window.ui), m_env(window.env),
           m_application(application), m_files(files), m_forms(forms)
     {
     }

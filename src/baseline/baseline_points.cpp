@@ -97,13 +97,13 @@ bool setPoint(DataSet& data, Sensors& sensors, std::int32_t sensor, std::int32_t
 
 void BaselinePoints::setPoint(std::int32_t toPoint, std::int32_t fromPoint, bool dlt)
 {
-    if (tarvelint::setPoint(m_window.data, m_window.sensors, m_window.view.curSensor, toPoint, fromPoint, dlt))
+    if (tarvelint::setPoint(m_window.record, m_window.sensors, m_window.view.curSensor, toPoint, fromPoint, dlt))
         m_window.markChanged();
 }
 
 void BaselinePoints::interpolate()
 {
-    DataSet& data = m_window.data;
+    DataSet& data = m_window.record;
     const View& view = m_window.view;
     const std::int32_t selStart = view.selStart;
     const std::int32_t selEnd = view.selEnd;

@@ -59,7 +59,7 @@ bool drawBlockMaxima(DataSet& data, std::int32_t column)
 
 void BlockMaxima::baseButton_Click()
 {
-    Record& record = m_window.data;
+    Record& record = m_window.record;
     View& view = m_window.view;
     const std::int32_t column = view.curCol();
     if (!record.hasColumn(column) || record.lines == 0) return;

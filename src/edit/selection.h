@@ -8,7 +8,7 @@ namespace tarvelint {
 /// The selected rows of a window, as menus and commands set them.
 class Selection {
 public:
-    explicit Selection(Window& window) : m_window(window), m_view(window.view), m_record(window.data), m_ui(window.ui)
+    explicit Selection(Window& window) : m_window(window), m_view(window.view), m_record(window.record), m_ui(window.ui)
     {
     }
 

@@ -13,7 +13,7 @@ namespace tarvelint {
 /// Baseline points and lull flags are no part of it. The Undo menu entry shows whether there is a copy.
 class Undo {
 public:
-    explicit Undo(Window& window) : m_window(window), m_view(window.view), m_record(window.data) {}
+    explicit Undo(Window& window) : m_window(window), m_view(window.view), m_record(window.record) {}
 
     /// Copies the selected rows of `column` (0-based), replacing the earlier copy. Rows outside the data are not
     /// copied. An empty selection (its end before its start) or a column that is not there saves nothing, and

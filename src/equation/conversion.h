@@ -9,7 +9,8 @@ namespace tarvelint {
 /// converted with the user's equation; then the selection moves one span on.
 class Conversion {
 public:
-    explicit Conversion(Window& window) : m_window(window), m_view(window.view), m_record(window.data), m_ui(window.ui)
+    explicit Conversion(Window& window)
+        : m_window(window), m_view(window.view), m_record(window.record), m_ui(window.ui)
     {
     }
 

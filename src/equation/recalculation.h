@@ -11,7 +11,7 @@ class RowConverter;
 /// Converts once more, with the user's equation, on the baselines that are there.
 class Recalculation {
 public:
-    explicit Recalculation(Window& window) : m_window(window), m_view(window.view), m_record(window.data) {}
+    explicit Recalculation(Window& window) : m_window(window), m_view(window.view), m_record(window.record) {}
 
     /// Every row whose baseline is not missing is converted again. A column (0-based) is selected whole and copied for
     /// undo first; -1 takes every column, without a copy. Ends after the row in which Cancel was chosen.

@@ -10,12 +10,12 @@ RowConverter::RowConverter(Window& window) : m_window(window), m_breather(window
 
 bool RowConverter::convertRow(std::int32_t column, std::int32_t row)
 {
-    Record& data = m_window.data;
-    if (data.saveCheck) m_window.markChanged(); // at once: a loop that is given up half-way has changed data too
+    Record& record = m_window.record;
+    if (record.saveCheck) m_window.markChanged(); // at once: a loop that is given up half-way has changed data too
     m_row = row;
-    const double converted = convert(m_window.conversionSettings.equation, data.values(kUnconverted, column, row),
-                                     data.values(kBaseline, column, row));
-    data.values(kConverted, column, row) = data.storable(converted);
+    const double converted = convert(m_window.conversionSettings.equation, record.values(kUnconverted, column, row),
+                                     record.values(kBaseline, column, row));
+    record.values(kConverted, column, row) = record.storable(converted);
     if (m_breather.isDue()) m_breather.breathe();
     return !m_isStopped;
 }
@@ -24,7 +24,8 @@ double RowConverter::convert(const std::string& equation, double source, double 
 {
     if (m_isStopped) return 0;
     if (equation != m_equation.text()) m_equation = Equation(equation);
-    return m_equation.evaluate(source, base, {m_window.conversionSettings.baselineIsHigh, m_window.data.blank}, *this);
+    return m_equation.evaluate(source, base, {m_window.conversionSettings.baselineIsHigh, m_window.record.blank},
+                               *this);
 }
 
 AfterFault RowConverter::onFault(const Fault& fault)

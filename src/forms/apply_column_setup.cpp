@@ -17,8 +17,8 @@ void applyPreProcess(Window& window, const ZeroFlowSettings& zeroFlow)
     window.setPointer(Pointer::hourglass);
     window.setEnabled(Control::mnuToolsMode, false);
     window.conversionSettings.zeroFlow = zeroFlow;
-    preProcess(window.data, zeroFlow);
-    const std::int32_t placed = getBase(window.data, window.sensors, [&window](const char* text) {
+    preProcess(window.record, zeroFlow);
+    const std::int32_t placed = getBase(window.record, window.sensors, [&window](const char* text) {
         window.setStatus(1, text);
         window.ui.paintStatus();
     });
@@ -39,8 +39,8 @@ void applyColumnSetup(Window& window, const ColumnChoices& choices)
 {
     ColumnLists lists(window);
     lists.updateLabels(choices.labels);
-    window.data.parameters = choices.parameters;
-    window.data.savesLabels = choices.savesLabels;
+    window.record.parameters = choices.parameters;
+    window.record.savesLabels = choices.savesLabels;
     window.markChanged();
     lists.varList_Change(0);
     if (choices.zeroFlow)

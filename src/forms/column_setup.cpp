@@ -36,7 +36,7 @@ void ColumnSetup::Form_Show()
 
 void ColumnSetup::takeRecord()
 {
-    const Record& record = m_parentForm.data;
+    const Record& record = m_parentForm.record;
     // The column lists may show numbers ("show" is off); taken from there, OK would replace labels by numbers.
     m_labels = record.labels;
     boxes = m_applied;
@@ -122,8 +122,8 @@ std::int32_t rowCount(const std::string& text)
 ZeroFlowSettings ColumnSetup::readParameters() const
 {
     ZeroFlowSettings parameters;
-    parameters.vpdCol = columnIn(boxes.vpdBox, "VPD", m_parentForm.data);
-    parameters.parCol = columnIn(boxes.parBox, "PAR", m_parentForm.data);
+    parameters.vpdCol = columnIn(boxes.vpdBox, "VPD", m_parentForm.record);
+    parameters.parCol = columnIn(boxes.parBox, "PAR", m_parentForm.record);
     parameters.vpdLimit = limit(boxes.VPDlBox, "VPD limit");
     parameters.parLimit = limit(boxes.PARlBox, "PAR limit");
     parameters.lullTime = rowCount(boxes.timeBox);

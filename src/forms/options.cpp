@@ -47,7 +47,7 @@ bool Options::cmdApplyCur_Click()
     view.timeCol = numbers.time;
     // As typed, whereas the column setup dialog takes one off what it shows: the two differ, and both stay.
     parentForm->conversionSettings.zeroFlow = numbers.zeroFlow;
-    parentForm->data.zeroOut = zeroBox;
+    parentForm->record.zeroOut = zeroBox;
     parentForm->fixblanks();
     return true;
 }

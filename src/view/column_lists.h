@@ -17,7 +17,7 @@ namespace tarvelint {
 class ColumnLists {
 public:
     explicit ColumnLists(Window& window)
-        : m_window(window), m_view(window.view), m_record(window.data), m_sensors(window.sensors), m_ui(window.ui)
+        : m_window(window), m_view(window.view), m_record(window.record), m_sensors(window.sensors), m_ui(window.ui)
     {
     }
 

@@ -10,7 +10,7 @@ namespace tarvelint {
 class PlotRedraw {
 public:
     explicit PlotRedraw(Window& window)
-        : m_window(window), m_view(window.view), m_record(window.data), m_sensors(window.sensors), m_ui(window.ui),
+        : m_window(window), m_view(window.view), m_record(window.record), m_sensors(window.sensors), m_ui(window.ui),
           m_style(window.env.style)
     {
     }

@@ -28,7 +28,7 @@ struct ScrollRange {
 /// Scroll bar and zoom of a window.
 class Scrolling {
 public:
-    explicit Scrolling(Window& window) : m_window(window), m_view(window.view), m_record(window.data), m_ui(window.ui)
+    explicit Scrolling(Window& window) : m_window(window), m_view(window.view), m_record(window.record), m_ui(window.ui)
     {
     }
 

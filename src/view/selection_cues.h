@@ -9,7 +9,7 @@ namespace tarvelint {
 class SelectionCues {
 public:
     explicit SelectionCues(Window& window)
-        : m_window(window), m_view(window.view), m_record(window.data), m_style(window.env.style)
+        : m_window(window), m_view(window.view), m_record(window.record), m_style(window.env.style)
     {
     }
 

@@ -164,8 +164,8 @@ void Window::HScroll1_Change()
 
 void Window::markChanged()
 {
-    data.saveCheck = false;
-    if (!data.isEmpty()) setEnabled(Control::mnuFileSave, true);
+    record.saveCheck = false;
+    if (!record.isEmpty()) setEnabled(Control::mnuFileSave, true);
 }
 
 void Window::showAll()

@@ -43,7 +43,7 @@ public:
     Environment env;
 
     // The parts
-    Record data;
+    Record record;
     Sensors sensors;
     ConversionSettings conversionSettings;
     View view;

@@ -60,7 +60,7 @@ public:
         openText(smallRecord());
         setUp(*this, "1", "2", {1, 2});
     }
-    [[nodiscard]] double at(int layer, std::int32_t row) const { return window.data.values(layer, 2, row); }
+    [[nodiscard]] double at(int layer, std::int32_t row) const { return window.record.values(layer, 2, row); }
 };
 
 /// Both records hold the same numbers as far as files keep them: 15 significant digits.
@@ -80,11 +80,11 @@ void expectSameRecord(const DataSet& saved, const DataSet& reopened)
 void expectReopensEqual(Shell& shell)
 {
     shell.saveAs("/data/processed.csv");
-    EXPECT_TRUE(shell.window.data.saveCheck);
+    EXPECT_TRUE(shell.window.record.saveCheck);
     Shell again;
     again.openText(shell.files.contents["/data/processed.csv"]);
     EXPECT_THAT(again.fakeUi.messages, IsEmpty());
-    expectSameRecord(shell.window.data, again.window.data);
+    expectSameRecord(shell.window.record, again.window.record);
 }
 
 /// Every converted value of a sensor is missing, zero flow, or Granier's flux of its own baseline and reading.
@@ -116,7 +116,7 @@ TEST(SmallRun, flagsTheNightsFromTheirFourthRow)
     EXPECT_THAT(shell.fakeUi.messages, IsEmpty());
     for (std::int32_t row = 0; row < 60; ++row) {
         const bool flagged = (row >= 3 && row <= 7) || (row >= 33 && row <= 37);
-        EXPECT_EQ(shell.window.data.lullFlags[static_cast<std::size_t>(row)], flagged) << row;
+        EXPECT_EQ(shell.window.record.lullFlags[static_cast<std::size_t>(row)], flagged) << row;
     }
 }
 
@@ -154,7 +154,7 @@ TEST(SmallRun, convertsByGraniersEquation)
     EXPECT_NEAR(shell.at(kConverted, 25), 119, 1e-9); // 12 / 6
     EXPECT_EQ(shell.at(kConverted, 10), 0);           // 20 lies above its baseline of 10.5
     EXPECT_EQ(shell.at(kConverted, 5), 0);            // a point is zero flow
-    expectGraniersFlux(shell.window.data, 2);
+    expectGraniersFlux(shell.window.record, 2);
 }
 
 TEST(SmallRun, outsideThePointsEverythingStaysMissing)
@@ -166,7 +166,7 @@ TEST(SmallRun, outsideThePointsEverythingStaysMissing)
     }
     for (const std::int32_t parameter : {0, 1})
         for (std::int32_t row = 0; row < 60; ++row)
-            EXPECT_EQ(shell.window.data.values(kConverted, parameter, row), kBlank);
+            EXPECT_EQ(shell.window.record.values(kConverted, parameter, row), kBlank);
 }
 
 TEST(SmallRun, leavesTheWindowInItsModeOnTheColumnOnView)
@@ -174,7 +174,7 @@ TEST(SmallRun, leavesTheWindowInItsModeOnTheColumnOnView)
     SmallRun shell;
     EXPECT_TRUE(shell.window.view.Turbo);
     EXPECT_EQ(shell.status(), "Mode: traditional, edit data");
-    EXPECT_FALSE(shell.window.data.saveCheck);
+    EXPECT_FALSE(shell.window.record.saveCheck);
     EXPECT_EQ(shell.window.view.curSensor, -1); // VPD is on view
     EXPECT_FALSE(shell.window.isEnabled(Control::convButton));
     shell.window.lists.choose(0, 2);
@@ -204,7 +204,7 @@ TEST(SmallRun, aColumnTheFileDoesNotHaveIsOneBoxAndChangesNothing)
               "The VPD column \"11\" does not exist: the file has 3 columns. Type a number from 1 to 3.");
     EXPECT_TRUE(shell.fakeUi.columnSetupShown);
     EXPECT_FALSE(shell.window.view.Turbo);
-    EXPECT_TRUE(shell.window.data.saveCheck);
+    EXPECT_TRUE(shell.window.record.saveCheck);
 }
 
 TEST(SmallRun, savesAndReopensEqual)
@@ -221,7 +221,7 @@ TEST(SmallRun, savesAndReopensEqual)
 TEST(SmallRun, anotherRecordOpenedAfterwardsHasNoPoints)
 {
     SmallRun shell;
-    shell.window.data.saveCheck = true;
+    shell.window.record.saveCheck = true;
     shell.openText(kSavedRecord);
     EXPECT_FALSE(shell.window.view.Turbo);
     EXPECT_EQ(shell.window.sensors.count(), 0);
@@ -276,11 +276,11 @@ TEST(SampleRecord, isProcessedSavedAndReopenedEqual)
     if (!text) GTEST_SKIP() << "the sample record has not been made yet: build target \"sample\"";
     Shell shell; // Day, Time, PAR, VPD, Tair, then sensors S1 to S8
     shell.openText(*text);
-    EXPECT_EQ(shell.window.data.lines, 1440);
+    EXPECT_EQ(shell.window.record.lines, 1440);
     setUp(shell, "4", "3", {1, 2, 3, 4, 5});
     EXPECT_THAT(shell.fakeUi.messages, IsEmpty());
     EXPECT_EQ(shell.window.sensors.count(), 8);
-    for (std::int32_t column = 5; column < 13; ++column) expectGraniersFlux(shell.window.data, column);
+    for (std::int32_t column = 5; column < 13; ++column) expectGraniersFlux(shell.window.record, column);
     expectReopensEqual(shell);
 }
 
@@ -294,15 +294,15 @@ TEST_P(MeasuredRecord, isProcessedSavedAndReopenedEqual)
     if (!text) GTEST_SKIP() << "measured records are not part of the project and not here";
     Shell shell;
     shell.openText(*text);
-    EXPECT_EQ(shell.window.data.lines, GetParam().second);
+    EXPECT_EQ(shell.window.record.lines, GetParam().second);
     EXPECT_EQ(shell.window.view.longRecord, GetParam().second > 32767 + 101);
     setUp(shell, "4", "3", {1, 2, 3, 4});
     EXPECT_THAT(shell.fakeUi.messages, IsEmpty());
     shell.window.lists.choose(0, 4);
     EXPECT_EQ(shell.window.view.curSensor, 0);
-    const auto& flags = shell.window.data.lullFlags;
+    const auto& flags = shell.window.record.lullFlags;
     const bool hasLulls = std::find(flags.begin(), flags.end(), true) != flags.end();
-    if (hasLulls) expectGraniersFlux(shell.window.data, 4);
+    if (hasLulls) expectGraniersFlux(shell.window.record, 4);
     expectReopensEqual(shell);
 }
 

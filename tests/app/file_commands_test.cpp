@@ -22,14 +22,14 @@ struct Snapshot {
         : caption(shell.window.caption()), path(shell.window.file.filePath), savePath(shell.window.file.savePath),
           status(shell.status()), status2(shell.status2()), rowLabel(shell.window.text(Control::rowLabel)),
           undo(shell.window.text(Control::mnuEditUndo)), delimiter(shell.window.file.fileDelimiter),
-          labels(shell.window.data.labels), entries(shell.entries()), columns(shell.window.data.columns),
-          lines(shell.window.data.lines), blank(shell.window.data.blank), chosen(shell.window.view.chosenColumn[0]),
-          points(shell.window.sensors.count()), pointer(shell.window.pointer()), saveCheck(shell.window.data.saveCheck),
-          hasDialog(shell.window.forms.haveLabelForm())
+          labels(shell.window.record.labels), entries(shell.entries()), columns(shell.window.record.columns),
+          lines(shell.window.record.lines), blank(shell.window.record.blank), chosen(shell.window.view.chosenColumn[0]),
+          points(shell.window.sensors.count()), pointer(shell.window.pointer()),
+          saveCheck(shell.window.record.saveCheck), hasDialog(shell.window.forms.haveLabelForm())
     {
         for (int layer = 1; layer <= kLayers && lines > 0; ++layer)
             for (std::int32_t r = 0; r < lines; ++r)
-                for (std::int32_t c = 0; c < columns; ++c) cells.push_back(shell.window.data.values(layer, c, r));
+                for (std::int32_t c = 0; c < columns; ++c) cells.push_back(shell.window.record.values(layer, c, r));
     }
     bool operator==(const Snapshot&) const = default;
 
@@ -75,10 +75,10 @@ TEST(OpenDialog, theTypePickedIsTheDelimiterWhateverTheExtension)
 {
     Shell shell;
     shell.openText("1\t2\n3\t4\n", FileType::tab, "/data/odd.csv");
-    EXPECT_EQ(shell.window.data.columns, 2);
+    EXPECT_EQ(shell.window.record.columns, 2);
     EXPECT_EQ(shell.window.file.fileDelimiter, FileType::tab);
     shell.openText("1 2 3\n", FileType::space, "/data/odd.txt");
-    EXPECT_EQ(shell.window.data.columns, 3);
+    EXPECT_EQ(shell.window.record.columns, 3);
     EXPECT_EQ(shell.window.file.fileDelimiter, FileType::space);
     shell.openText("1,2\n", FileType::comma, "/data/odd.asc");
     EXPECT_EQ(shell.window.file.fileDelimiter, FileType::comma);
@@ -130,7 +130,7 @@ TEST(OpenMistakenType, yesTakesTheOtherType)
 {
     Mistaken shell;
     shell.openAnswering(Answer::yes);
-    EXPECT_EQ(shell.window.data.columns, 3);
+    EXPECT_EQ(shell.window.record.columns, 3);
     EXPECT_EQ(shell.window.file.fileDelimiter, FileType::comma);
     EXPECT_EQ(shell.application.lastFileType, FileType::comma);
 }
@@ -139,7 +139,7 @@ TEST(OpenMistakenType, noOpensAsChosen)
 {
     Mistaken shell;
     shell.openAnswering(Answer::no);
-    EXPECT_EQ(shell.window.data.columns, 1);
+    EXPECT_EQ(shell.window.record.columns, 1);
     EXPECT_EQ(shell.window.file.fileDelimiter, FileType::space);
 }
 
@@ -165,7 +165,7 @@ TEST(OpenQuestion, isNotAskedWhileNothingIsUnsaved)
 TEST(OpenQuestion, isNotAskedInAWindowWithoutRecord)
 {
     Shell shell;
-    shell.window.data.saveCheck = false;
+    shell.window.record.saveCheck = false;
     shell.openText(kSavedRecord);
     EXPECT_THAT(shell.fakeUi.messages, IsEmpty());
 }
@@ -192,8 +192,8 @@ TEST(OpenQuestion, noGoesOnAndTheLoadLeavesTheRecordUnsaved)
     shell.window.markChanged();
     shell.fakeUi.answers = {Answer::no};
     shell.openText("Tarvelint output: x,converted,1 columns,1 rows each,without labels,blank='.'\n5,\n");
-    EXPECT_EQ(shell.window.data.columns, 1);
-    EXPECT_FALSE(shell.window.data.saveCheck); // a load leaves the flag as it was
+    EXPECT_EQ(shell.window.record.columns, 1);
+    EXPECT_FALSE(shell.window.record.saveCheck); // a load leaves the flag as it was
 }
 
 TEST(OpenQuestion, yesSavesUnderANewNameFirst)
@@ -208,7 +208,7 @@ TEST(OpenQuestion, yesSavesUnderANewNameFirst)
     EXPECT_TRUE(shell.files.exists("/data/kept.csv"));
     EXPECT_EQ(shell.fakeUi.fileDialogs.at(1).title, "Save As:");
     EXPECT_EQ(shell.window.file.filePath, "/data/next.csv");
-    EXPECT_TRUE(shell.window.data.saveCheck);
+    EXPECT_TRUE(shell.window.record.saveCheck);
 }
 
 TEST(OpenQuestion, yesWithoutASuccessfulSaveStops)
@@ -285,10 +285,10 @@ TEST(OpenWarning, aFileShorterThanItsHeaderSaysKeepsItsRowsAndWarnsOnce)
 {
     Shell shell;
     shell.openText("Tarvelint output: x,unconverted,2 columns,4 rows each,without labels,blank='.'\n1,2,\n3,4,\n");
-    EXPECT_EQ(shell.window.data.lines, 4);
-    EXPECT_EQ(shell.window.data.values(kUnconverted, 1, 1), 4);
-    EXPECT_EQ(shell.window.data.values(kUnconverted, 0, 2), 99999);
-    EXPECT_EQ(shell.window.data.values(kUnconverted, 1, 3), 99999);
+    EXPECT_EQ(shell.window.record.lines, 4);
+    EXPECT_EQ(shell.window.record.values(kUnconverted, 1, 1), 4);
+    EXPECT_EQ(shell.window.record.values(kUnconverted, 0, 2), 99999);
+    EXPECT_EQ(shell.window.record.values(kUnconverted, 1, 3), 99999);
     ASSERT_EQ(shell.fakeUi.messages.size(), 1U);
     EXPECT_EQ(shell.fakeUi.messages[0].icon, Icon::warning);
     EXPECT_THAT(shell.fakeUi.messages[0].text, HasSubstr("ends at line 3"));

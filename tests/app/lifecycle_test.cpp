@@ -55,12 +55,12 @@ TEST(WindowCreation, aFirstRunOpensWithTheDefaults)
     Shell shell;
     EXPECT_EQ(shell.fakeUi.place, (Geometry{1000, 1000, 6500, 6500}));
     EXPECT_EQ(shell.window.text(Control::FormulaBox), "119*((B/X)-1)^1.23");
-    EXPECT_EQ(shell.window.data.blank, 99999);
+    EXPECT_EQ(shell.window.record.blank, 99999);
     EXPECT_EQ(shell.window.view.dateCol, 1);
     EXPECT_EQ(shell.window.view.timeCol, 2);
     EXPECT_EQ(shell.window.text(Control::refBox), "0");
     EXPECT_TRUE(shell.window.isChecked(Control::highBox));
-    EXPECT_FALSE(shell.window.data.zeroOut);
+    EXPECT_FALSE(shell.window.record.zeroOut);
     EXPECT_EQ(shell.window.view.zoomFactor, 1);
 }
 
@@ -84,10 +84,10 @@ TEST(WindowCreation, takesWhatTheStoreHolds)
     EXPECT_EQ(shell.window.view.dateCol, 5);
     EXPECT_EQ(shell.window.view.timeCol, 6);
     EXPECT_EQ(shell.window.text(Control::FormulaBox), "X, B");
-    EXPECT_EQ(shell.window.data.blank, -9);
+    EXPECT_EQ(shell.window.record.blank, -9);
     EXPECT_EQ(shell.window.text(Control::refBox), "1.5");
     EXPECT_FALSE(shell.window.isChecked(Control::highBox));
-    EXPECT_TRUE(shell.window.data.zeroOut);
+    EXPECT_TRUE(shell.window.record.zeroOut);
 }
 
 TEST(WindowCreation, aBlankThatIsNoNumberIs99999WithoutAMessage)
@@ -95,15 +95,15 @@ TEST(WindowCreation, aBlankThatIsNoNumberIs99999WithoutAMessage)
     Shell shell;
     shell.settings.values = {{"Blank", "abc"}};
     shell.window.lifecycle.Form_Load();
-    EXPECT_EQ(shell.window.data.blank, 99999);
+    EXPECT_EQ(shell.window.record.blank, 99999);
     EXPECT_THAT(shell.fakeUi.messages, IsEmpty());
 }
 
 TEST(WindowCreation, startsEmptySavedAndOnTheReadings)
 {
     Shell shell;
-    EXPECT_TRUE(shell.window.data.isEmpty());
-    EXPECT_TRUE(shell.window.data.saveCheck);
+    EXPECT_TRUE(shell.window.record.isEmpty());
+    EXPECT_TRUE(shell.window.record.saveCheck);
     EXPECT_EQ(shell.window.view.curLayer, kUnconverted);
     EXPECT_EQ(shell.window.file.savePath, "");
     EXPECT_FALSE(shell.window.forms.haveLabelForm());
@@ -242,19 +242,19 @@ TEST(WindowClose, cancelKeepsTheWindowYetItsDialogsAreGoneAndTheSettingsWritten)
     EXPECT_FALSE(shell.window.forms.haveTypeForm());
     EXPECT_THAT(shell.fakeUi.log, ElementsAre("unload column setup", "unload save contents"));
     EXPECT_EQ(shell.settings.log, closingWrites());
-    EXPECT_FALSE(shell.window.data.saveCheck);
+    EXPECT_FALSE(shell.window.record.saveCheck);
 }
 
 TEST(WindowClose, cancelKeepsWhatTheDialogsHaveDecided)
 {
     OpenWindow shell;
-    shell.window.data.parameters = {true};
-    shell.window.data.savesLabels = true;
+    shell.window.record.parameters = {true};
+    shell.window.record.savesLabels = true;
     shell.window.file.choices.baseline = false;
     shell.fakeUi.answers = {Answer::cancel};
     EXPECT_TRUE(shell.close());
-    EXPECT_TRUE(shell.window.data.isParameter(0));
-    EXPECT_TRUE(shell.window.data.savesLabels);
+    EXPECT_TRUE(shell.window.record.isParameter(0));
+    EXPECT_TRUE(shell.window.record.savesLabels);
     EXPECT_FALSE(shell.window.file.choices.baseline);
     shell.command([&] { shell.window.forms.labelButton_Click(); });
     EXPECT_TRUE(shell.window.forms.labelFrm->checkBox(1));
@@ -274,7 +274,7 @@ TEST(WindowClose, yesClosesOnlyWhenTheSaveSucceeded)
 TEST(WindowClose, minimisedLeavesTheStoredGeometry)
 {
     OpenWindow shell;
-    shell.window.data.saveCheck = true;
+    shell.window.record.saveCheck = true;
     shell.fakeUi.minimised = true;
     EXPECT_FALSE(shell.close());
     EXPECT_EQ(shell.settings.log, closingWrites(false));
@@ -283,7 +283,7 @@ TEST(WindowClose, minimisedLeavesTheStoredGeometry)
 TEST(WindowClose, writesWhatTheWindowHoldsNow)
 {
     OpenWindow shell;
-    shell.window.data.saveCheck = true;
+    shell.window.record.saveCheck = true;
     shell.window.setText(Control::refBox, "2.5");
     shell.window.setChecked(Control::highBox, false);
     shell.window.view.dateCol = 7;
@@ -354,7 +354,7 @@ TEST(FileClose, cancelLeavesTheWindowItsDialogsAndTheStoreAlone)
 TEST(FileClose, ofASavedWindowUnloadsDialogsBeforeTheWindow)
 {
     OpenWindow shell;
-    shell.window.data.saveCheck = true;
+    shell.window.record.saveCheck = true;
     shell.command([&] { shell.window.lifecycle.mnuFileClose_Click(); });
     EXPECT_THAT(shell.fakeUi.log, ElementsAre("unload column setup", "unload save contents"));
     EXPECT_TRUE(shell.fakeUi.unloaded);

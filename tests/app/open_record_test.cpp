@@ -189,10 +189,10 @@ TEST(OpenRecord, unloadsTheSetupDialogOfTheRecordBefore)
     shell.openText(kLoggerRecord);
     shell.window.forms.labelFrm->setCheckBox(1, true);
     shell.window.forms.labelFrm->OKButton_Click();
-    shell.window.data.saveCheck = true;
+    shell.window.record.saveCheck = true;
     shell.openText(kLoggerRecord);
     EXPECT_THAT(shell.fakeUi.log, ElementsAre("show column setup", "unload column setup", "show column setup"));
-    EXPECT_FALSE(shell.window.data.isParameter(0));
+    EXPECT_FALSE(shell.window.record.isParameter(0));
     shell.openText(kSavedRecord);
     EXPECT_EQ(shell.fakeUi.log.back(), "unload column setup");
     EXPECT_FALSE(shell.window.forms.haveLabelForm());
@@ -206,7 +206,7 @@ TEST(OpenRecord, resetsWhatBelongedToTheRecordBefore)
     w.view.Turbo = w.view.chainActive = true;
     w.sensors.assign({0, 1}, 500);
     w.setNoZeroFlow(true);
-    w.data.parameters = {true};
+    w.record.parameters = {true};
     w.view.curSensor = w.view.markRow = w.view.dragRow = w.view.grabbedPoint = 1;
     w.view.hoverRow = w.view.selStart = w.view.lastClick = 3;
     w.view.selEnd = 9;
@@ -215,12 +215,12 @@ TEST(OpenRecord, resetsWhatBelongedToTheRecordBefore)
     w.setScrollValue(100);
     w.setEnabled(Control::mnuToolsMode, false);
     w.setEnabled(Control::convButton, false);
-    w.data.lullFlags[2] = true;
+    w.record.lullFlags[2] = true;
 
     shell.openText(rowsOf(400));
     EXPECT_FALSE(w.view.Turbo || w.view.chainActive);
     EXPECT_EQ(w.sensors.count(), 0);
-    EXPECT_FALSE(w.data.isParameter(0));
+    EXPECT_FALSE(w.record.isParameter(0));
     EXPECT_EQ(shell.status2(), "Viewing intput data");
     for (const std::int32_t none : {w.view.curSensor, w.view.markRow, w.view.dragRow, w.view.grabbedPoint})
         EXPECT_EQ(none, -1);
@@ -231,7 +231,7 @@ TEST(OpenRecord, resetsWhatBelongedToTheRecordBefore)
     EXPECT_EQ(w.text(Control::mnuEditUndo), "Can't Undo");
     EXPECT_TRUE(w.isEnabled(Control::mnuToolsMode));
     EXPECT_TRUE(w.isEnabled(Control::convButton));
-    EXPECT_EQ(w.data.lullFlags, std::vector<bool>(400, false));
+    EXPECT_EQ(w.record.lullFlags, std::vector<bool>(400, false));
 }
 
 TEST(OpenRecord, keepsWhatTheWindowIsSetTo)
@@ -239,14 +239,14 @@ TEST(OpenRecord, keepsWhatTheWindowIsSetTo)
     Shell shell;
     shell.window.view.dateCol = 3;
     shell.window.conversionSettings.zeroFlow.vpdLimit = 0.5F;
-    shell.window.data.zeroOut = true;
-    shell.window.data.blank = -7;
+    shell.window.record.zeroOut = true;
+    shell.window.record.blank = -7;
     shell.openText(kLoggerRecord);
     EXPECT_EQ(shell.window.view.dateCol, 3);
     EXPECT_EQ(shell.window.conversionSettings.zeroFlow.vpdLimit, 0.5F);
-    EXPECT_EQ(shell.window.data.values(kConverted, 2, 1), 0); // filled with 0, as "Zero" says
-    EXPECT_EQ(shell.window.data.values(kBaseline, 2, 1), -7);
-    EXPECT_TRUE(shell.window.data.saveCheck);
+    EXPECT_EQ(shell.window.record.values(kConverted, 2, 1), 0); // filled with 0, as "Zero" says
+    EXPECT_EQ(shell.window.record.values(kBaseline, 2, 1), -7);
+    EXPECT_TRUE(shell.window.record.saveCheck);
 }
 
 TEST(OpenRecord, keepsTimeColumnAndLullParameters)
@@ -270,8 +270,8 @@ TEST(OpenRecord, dotsBecomeTheStoredBlank)
     Shell shell;
     shell.settings.values["Blank"] = "-1234";
     shell.openText(kSavedRecord);
-    EXPECT_EQ(shell.window.data.blank, -1234);
-    EXPECT_EQ(shell.window.data.values(kUnconverted, 2, 1), -1234);
+    EXPECT_EQ(shell.window.record.blank, -1234);
+    EXPECT_EQ(shell.window.record.values(kUnconverted, 2, 1), -1234);
 }
 
 TEST(OpenLongRecord, isReadAndEveryRowCanBeReached)
@@ -284,7 +284,7 @@ TEST(OpenLongRecord, isReadAndEveryRowCanBeReached)
     EXPECT_EQ(shell.window.view.HScroll1.Max, 39899);
     shell.window.setScrollValue(shell.window.view.HScroll1.Max);
     EXPECT_EQ(lastVisibleRow(100, 1, shell.window.view.HScroll1.Value, 40000), 39999);
-    EXPECT_EQ(shell.window.data.values(kUnconverted, 0, 39999), 39999);
+    EXPECT_EQ(shell.window.record.values(kUnconverted, 0, 39999), 39999);
 }
 
 TEST(OpenLongRecord, aShortOneAfterwardsLeavesTheMode)

@@ -113,7 +113,7 @@ TEST(SaveDialog, cancelAtEachPlaceChangesNothing)
         };
         if (!inContents) shell.fakeUi.saveChoices = {std::nullopt};
         shell.command([&] { shell.window.files.mnuFileSave_Click(); });
-        EXPECT_FALSE(shell.window.data.saveCheck);
+        EXPECT_FALSE(shell.window.record.saveCheck);
         EXPECT_EQ(shell.window.file.savePath, "");
         EXPECT_EQ(shell.window.file.fileDelimiter, FileType::comma);
         EXPECT_EQ(shell.window.caption(), "Tarvelint: /data/run.csv");
@@ -126,7 +126,7 @@ TEST(SaveDialog, anEmptyNameStops)
 {
     Unsaved shell;
     shell.saveAs("");
-    EXPECT_FALSE(shell.window.data.saveCheck);
+    EXPECT_FALSE(shell.window.record.saveCheck);
     EXPECT_EQ(shell.window.file.savePath, "");
 }
 
@@ -178,7 +178,7 @@ TEST(SaveFile, writesHeaderAndLayersInOrderAndMarksTheRecordSaved)
               "Day,Time,S1,\r\n180,0,9,\r\n180,30,.,\r\n\r\n"
               "Day,Time,S1,\r\n180,0,10,\r\n180,30,10,\r\n\r\n"
               "Day,Time,S1,\r\n180,0,7.5,\r\n180,30,.,\r\n");
-    EXPECT_TRUE(shell.window.data.saveCheck);
+    EXPECT_TRUE(shell.window.record.saveCheck);
     EXPECT_EQ(shell.window.file.savePath, "/data/out.csv");
     EXPECT_EQ(shell.window.caption(), "Tarvelint: /data/out.csv");
     EXPECT_TRUE(shell.window.isEnabled(Control::mnuFileSave));
@@ -263,7 +263,7 @@ Message failingSave(const std::function<void(Shell&)>& breakIt)
     shell.window.setText(Control::rowLabel, "2");
     breakIt(shell);
     shell.saveAs("/data/out.csv");
-    EXPECT_FALSE(shell.window.data.saveCheck);
+    EXPECT_FALSE(shell.window.record.saveCheck);
     EXPECT_EQ(shell.files.contents["/data/out.csv"], "the old file");
     EXPECT_EQ(shell.window.caption(), "Tarvelint: /data/run.csv");
     EXPECT_EQ(shell.status(), "Mode: select data");
@@ -385,14 +385,14 @@ TEST(SaveAndReopen, givesTheSameDataSetInEveryDelimiterWithAndWithoutLabels)
                 SCOPED_TRACE("seed " + std::to_string(++seed));
                 Shell shell;
                 const DataSet saved = randomRecord(seed);
-                static_cast<DataSet&>(shell.window.data) = randomRecord(seed);
-                shell.window.data.savesLabels = labels;
+                static_cast<DataSet&>(shell.window.record) = randomRecord(seed);
+                shell.window.record.savesLabels = labels;
                 shell.saveAs("/data/trip", type);
                 shell.open(shell.window.file.savePath, type);
                 EXPECT_THAT(shell.fakeUi.messages, IsEmpty());
-                expectSameCells(saved, shell.window.data);
+                expectSameCells(saved, shell.window.record);
                 for (std::size_t c = 0; c < saved.labels.size(); ++c)
-                    EXPECT_EQ(shell.window.data.labels[c], labels ? saved.labels[c] : std::to_string(c + 1));
+                    EXPECT_EQ(shell.window.record.labels[c], labels ? saved.labels[c] : std::to_string(c + 1));
             }
 }
 

@@ -84,8 +84,8 @@ public:
     [[nodiscard]] std::vector<std::string> entries() const
     {
         std::vector<std::string> texts;
-        for (std::int32_t c = 0; c < window.data.columns; ++c)
-            texts.push_back(columnEntry(window.data, window.view, c));
+        for (std::int32_t c = 0; c < window.record.columns; ++c)
+            texts.push_back(columnEntry(window.record, window.view, c));
         return texts;
     }
     [[nodiscard]] const std::string& status() const { return window.text(Control::statusPanel1); }

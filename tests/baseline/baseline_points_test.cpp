@@ -113,7 +113,7 @@ TEST(SetPoint, marksTheRecordAsChanged)
 {
     PointsWindow window({4, 4, 4});
     window.points.setPoint(1, -1, false);
-    EXPECT_FALSE(window.data.saveCheck);
+    EXPECT_FALSE(window.record.saveCheck);
 }
 
 // Deleting a point
@@ -125,7 +125,7 @@ TEST(SetPoint, deletingBetweenTwoJoinsTheirSegments)
     window.points.setPoint(2, -1, true);
     EXPECT_EQ(window.marks(), (Rows{0, 4}));
     EXPECT_EQ(window.baseline(), (Column{2, 3, 4, 5, 6}));
-    EXPECT_FALSE(window.data.saveCheck);
+    EXPECT_FALSE(window.record.saveCheck);
 }
 
 TEST(SetPoint, deletingTheLastOfSeveralClearsAfterItsNeighbour)
@@ -223,7 +223,7 @@ TEST(Interpolate, fillsTheSelectionWithAStraightLine)
     window.select(0, 3);
     window.points.interpolate();
     EXPECT_EQ(window.readings(), (Column{1, 2, 3, 4, 9}));
-    EXPECT_FALSE(window.data.saveCheck);
+    EXPECT_FALSE(window.record.saveCheck);
     EXPECT_EQ(window.fakeUi.beeps, 0);
 }
 
@@ -267,7 +267,7 @@ TEST(Interpolate, onlyTheLayerAndColumnOnViewChange)
     PointsWindow window(std::vector<Column>{{1, 1, 1}, {1, 1, 1}});
     window.view.curLayer = kConverted;
     window.choose(1);
-    window.data.values(kConverted, 1, 2) = -9;
+    window.record.values(kConverted, 1, 2) = -9;
     window.select(0, 2);
     window.points.interpolate();
     EXPECT_EQ(window.column(kConverted, 1), (Column{untouched, -8, -9}));

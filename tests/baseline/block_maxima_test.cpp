@@ -22,8 +22,8 @@ public:
     explicit ButtonWindow(const Column& readings)
     {
         setReadings({readings});
-        for (std::int32_t r = 0; r < data.lines; ++r)
-            data.values(kBaseline, 0, r) = data.values(kConverted, 0, r) = untouched;
+        for (std::int32_t r = 0; r < record.lines; ++r)
+            record.values(kBaseline, 0, r) = record.values(kConverted, 0, r) = untouched;
         choose(0);
     }
     [[nodiscard]] Column baseline()
@@ -179,7 +179,7 @@ TEST(BaseButton, theWholeColumnIsSelectedAndCopiedForUndoFirst)
     EXPECT_EQ(window.selStartAtUndo, 0);
     EXPECT_EQ(window.selEndAtUndo, 2);
     EXPECT_EQ(window.calls, (std::vector<std::string>{"undoSave 0", "redraw 0 True", "redraw 1 True", "updateCues"}));
-    EXPECT_FALSE(window.data.saveCheck);
+    EXPECT_FALSE(window.record.saveCheck);
 }
 
 TEST(BaseButton, theTimeSettingIsReadAndMeansNothing)
@@ -198,7 +198,7 @@ TEST(BaseButton, nothingHappensWithoutAColumnOrARecord)
         EXPECT_EQ(window.baseline(), Column(3, untouched));
     }
     EXPECT_TRUE(window.calls.empty());
-    EXPECT_TRUE(window.data.saveCheck);
+    EXPECT_TRUE(window.record.saveCheck);
 
     ButtonWindow empty(Column{});
     EXPECT_EQ(empty.baseline(), Column{});
@@ -209,7 +209,7 @@ TEST(BaseButton, onAColumnWithoutReadingsIsNoChange)
 {
     ButtonWindow window({blank, blank});
     EXPECT_EQ(window.baseline(), (Column{untouched, untouched}));
-    EXPECT_TRUE(window.data.saveCheck);
+    EXPECT_TRUE(window.record.saveCheck);
 }
 
 } // namespace

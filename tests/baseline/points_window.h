@@ -25,18 +25,18 @@ public:
     explicit PointsWindow(const std::vector<Column>& columns)
     {
         setReadings(columns);
-        for (std::int32_t c = 0; c < data.columns; ++c)
-            for (std::int32_t r = 0; r < data.lines; ++r)
-                data.values(kBaseline, c, r) = data.values(kConverted, c, r) = untouched;
+        for (std::int32_t c = 0; c < record.columns; ++c)
+            for (std::int32_t r = 0; r < record.lines; ++r)
+                record.values(kBaseline, c, r) = record.values(kConverted, c, r) = untouched;
         std::vector<std::int32_t> all;
-        for (std::int32_t c = 0; c < data.columns; ++c) all.push_back(c);
+        for (std::int32_t c = 0; c < record.columns; ++c) all.push_back(c);
         makeSensors(all);
         choose(0);
         view.curSensor = 0;
     }
     void turboCalc(std::int32_t column, std::int32_t lPoint, std::int32_t rPoint)
     {
-        tarvelint::turboCalc(data, column, lPoint, rPoint);
+        tarvelint::turboCalc(record, column, lPoint, rPoint);
     }
     void mark(const Rows& rows)
     {
@@ -45,7 +45,7 @@ public:
     [[nodiscard]] Rows marks() const
     {
         Rows rows;
-        for (std::int32_t r = 0; r < data.lines; ++r)
+        for (std::int32_t r = 0; r < record.lines; ++r)
             if (sensors.isPoint(view.curSensor, r)) rows.push_back(r);
         return rows;
     }
@@ -59,8 +59,8 @@ public:
     [[nodiscard]] Column converted() const { return column(kConverted, 0); }
     [[nodiscard]] bool nothingHappened() const
     {
-        const Column same(static_cast<std::size_t>(data.lines), untouched);
-        return baseline() == same && converted() == same && data.saveCheck;
+        const Column same(static_cast<std::size_t>(record.lines), untouched);
+        return baseline() == same && converted() == same && record.saveCheck;
     }
 };
 

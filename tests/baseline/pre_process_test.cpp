@@ -21,7 +21,7 @@ class LullWindow : public TestWindow {
 public:
     explicit LullWindow(const std::string& rows, std::int32_t minimum = 0)
     {
-        data.blank = -1;
+        record.blank = -1;
         Column vpd;
         Column par;
         for (const char row : rows) {
@@ -35,10 +35,10 @@ public:
     }
     [[nodiscard]] Rows flagged()
     {
-        preProcess(data, conversionSettings.zeroFlow);
+        preProcess(record, conversionSettings.zeroFlow);
         Rows rows;
-        for (std::int32_t r = 0; r < data.lines; ++r)
-            if (data.lullFlags[static_cast<std::size_t>(r)]) rows.push_back(r);
+        for (std::int32_t r = 0; r < record.lines; ++r)
+            if (record.lullFlags[static_cast<std::size_t>(r)]) rows.push_back(r);
         return rows;
     }
 };
@@ -65,11 +65,11 @@ TEST(PreProcess, aRowAtEitherLimitOpensARun)
     for (const std::int32_t column : {0, 1}) {
         LullWindow window("##-##");
         window.conversionSettings.zeroFlow.vpdLimit = window.conversionSettings.zeroFlow.parLimit = 0.5F;
-        window.data.values(kUnconverted, column, 1) = 0.5; // the other one is high
+        window.record.values(kUnconverted, column, 1) = 0.5; // the other one is high
         EXPECT_EQ(window.flagged(), Rows{2}) << "column " << column;
         LullWindow above("##-##");
         above.conversionSettings.zeroFlow.vpdLimit = above.conversionSettings.zeroFlow.parLimit = 0.5F;
-        above.data.values(kUnconverted, column, 1) = 0.5625;
+        above.record.values(kUnconverted, column, 1) = 0.5625;
         EXPECT_EQ(above.flagged(), Rows{}) << "column " << column;
     }
 }
@@ -102,12 +102,12 @@ TEST(PreProcess, limitsAre32BitsWide)
     LullWindow window("--");
     window.conversionSettings.zeroFlow.vpdLimit = 0.05F; // 0.0500000007...: 0.05 is within
     window.conversionSettings.zeroFlow.parLimit = 0.01F; // 0.0099999998...: 0.01 is not
-    window.data.values(kUnconverted, 0, 1) = 0.05;
+    window.record.values(kUnconverted, 0, 1) = 0.05;
     EXPECT_EQ(window.flagged(), Rows{1});
 
     LullWindow par("--");
     par.conversionSettings.zeroFlow.parLimit = 0.01F;
-    par.data.values(kUnconverted, 1, 1) = 0.01;
+    par.record.values(kUnconverted, 1, 1) = 0.01;
     EXPECT_EQ(par.flagged(), Rows{});
 }
 
@@ -149,7 +149,7 @@ TEST(PreProcess, anyMinimumLengthIsSafe)
 TEST(PreProcess, flagsOfAnEarlierRunStay)
 {
     LullWindow window("####--");
-    window.data.lullFlags[0] = true;
+    window.record.lullFlags[0] = true;
     EXPECT_EQ(window.flagged(), (Rows{0, 5}));
 }
 

@@ -65,7 +65,7 @@ TEST(TurboCalc, aBlankRowShiftsTheRestOfItsSegmentByOneStep)
 TEST(TurboCalc, missingIsWhateverNumberTheRecordUsesForIt)
 {
     PointsWindow window({10, -1, blank, 13});
-    window.data.blank = -1;
+    window.record.blank = -1;
     window.turboCalc(0, 0, 3);
     EXPECT_EQ(window.baseline(), (Column{10, untouched, 11, 12}));
 }
@@ -136,7 +136,7 @@ TEST(TurboCalc, leavesItToItsCallersToMarkTheChange)
 {
     PointsWindow window({4, 5, 6});
     window.turboCalc(0, 0, 2);
-    EXPECT_TRUE(window.data.saveCheck);
+    EXPECT_TRUE(window.record.saveCheck);
 }
 
 } // namespace

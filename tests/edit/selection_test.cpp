@@ -44,7 +44,7 @@ TEST(SelectAll, takesTheWholeRecordAndDrawsBothAreasAnew)
     EXPECT_EQ(window.view.selStart, 0);
     EXPECT_EQ(window.view.selEnd, 2);
     EXPECT_THAT(window.calls, ElementsAre("redraw 0 True", "redraw 1 True", "updateCues"));
-    EXPECT_TRUE(window.data.saveCheck);
+    EXPECT_TRUE(window.record.saveCheck);
 }
 
 TEST(SelectAll, ofNothingEndsBeforeItBegins)

@@ -23,10 +23,10 @@ public:
 
     UndoWindow()
     {
-        data.allocate(6, 5);
+        record.allocate(6, 5);
         for (int layer = kUnconverted; layer <= kConverted; ++layer)
-            for (std::int32_t c = 0; c < data.columns; ++c)
-                for (std::int32_t r = 0; r < data.lines; ++r) data.values(layer, c, r) = 100 * layer + 10 * c + r;
+            for (std::int32_t c = 0; c < record.columns; ++c)
+                for (std::int32_t r = 0; r < record.lines; ++r) record.values(layer, c, r) = 100 * layer + 10 * c + r;
     }
     void select(std::int32_t first, std::int32_t last)
     {
@@ -42,8 +42,8 @@ public:
     void wipe()
     {
         for (int layer = kUnconverted; layer <= kConverted; ++layer)
-            for (std::int32_t c = 0; c < data.columns; ++c)
-                for (std::int32_t r = 0; r < data.lines; ++r) data.values(layer, c, r) = 0;
+            for (std::int32_t c = 0; c < record.columns; ++c)
+                for (std::int32_t r = 0; r < record.lines; ++r) record.values(layer, c, r) = 0;
     }
     [[nodiscard]] bool offersUndo() const
     {
@@ -105,11 +105,11 @@ TEST(Undo, baselinePointsAndLullsAreNoPartOfIt)
     window.saveRows(0, 0, 4);
     window.sensors.setPoint(0, 1, false);
     window.sensors.setPoint(0, 2, true);
-    window.data.lullFlags[3] = true;
+    window.record.lullFlags[3] = true;
     window.undo.mnuEditUndo_Click();
     EXPECT_FALSE(window.sensors.isPoint(0, 1));
     EXPECT_TRUE(window.sensors.isPoint(0, 2));
-    EXPECT_TRUE(window.data.lullFlags[3]);
+    EXPECT_TRUE(window.record.lullFlags[3]);
 }
 
 TEST(Undo, aSaveReplacesTheEarlierCopyWhateverItsColumn)
@@ -152,7 +152,7 @@ TEST(Undo, withoutACopyNothingHappens)
     window.select(1, 2);
     window.undo.mnuEditUndo_Click();
     EXPECT_EQ(window.view.selStart, 1);
-    EXPECT_TRUE(window.data.saveCheck);
+    EXPECT_TRUE(window.record.saveCheck);
     EXPECT_TRUE(window.calls.empty());
 }
 
@@ -160,9 +160,9 @@ TEST(Undo, undoingMarksTheChangeAndRedrawsBothAreas)
 {
     UndoWindow window;
     window.saveRows(0, 0, 4);
-    window.data.saveCheck = true;
+    window.record.saveCheck = true;
     window.undo.mnuEditUndo_Click();
-    EXPECT_FALSE(window.data.saveCheck);
+    EXPECT_FALSE(window.record.saveCheck);
     EXPECT_EQ(window.calls, (Calls{"redraw 0 True", "redraw 1 True", "updateCues"}));
 }
 
@@ -174,7 +174,7 @@ public:
     void redraw(int index, bool clear) override
     {
         UndoWindow::redraw(index, clear);
-        drawn = data.values(kUnconverted, 0, 0);
+        drawn = record.values(kUnconverted, 0, 0);
         couldUndoWhenDrawn = offersUndo();
     }
 };
@@ -193,7 +193,7 @@ TEST(Undo, takingACopyIsNoChange)
 {
     UndoWindow window;
     window.saveRows(0, 0, 4);
-    EXPECT_TRUE(window.data.saveCheck);
+    EXPECT_TRUE(window.record.saveCheck);
     EXPECT_TRUE(window.calls.empty());
 }
 
@@ -240,17 +240,17 @@ TEST(Undo, aCopyOfRowsPastTheDataHasNoCellsAndUndoingItChangesNothing)
     EXPECT_EQ(window.column(kUnconverted, 0), Column(5, 0));
     EXPECT_EQ(window.view.selStart, 4);
     EXPECT_EQ(window.view.selEnd, 4);
-    EXPECT_TRUE(window.data.saveCheck);
+    EXPECT_TRUE(window.record.saveCheck);
     EXPECT_TRUE(window.cantUndo());
 }
 
 TEST(Undo, anEmptyRecordHasNothingToSave)
 {
     UndoWindow window;
-    window.data.allocate(0, 0);
+    window.record.allocate(0, 0);
     window.saveRows(0, 0, 0);
     window.undo.mnuEditUndo_Click();
-    EXPECT_TRUE(window.data.saveCheck);
+    EXPECT_TRUE(window.record.saveCheck);
 }
 
 TEST(Undo, aForgottenCopyIsNeverRestored)
@@ -268,12 +268,12 @@ TEST(Undo, aCopyThatDoesNotFitTheRecordIsNotRestored)
 {
     UndoWindow window;
     window.saveRows(5, 0, 4);
-    window.data.allocate(6, 3);
+    window.record.allocate(6, 3);
     window.undo.mnuEditUndo_Click();
     EXPECT_EQ(window.column(kUnconverted, 5), Column(3, 0));
 
     window.saveRows(5, 0, 2);
-    window.data.allocate(5, 3);
+    window.record.allocate(5, 3);
     window.undo.mnuEditUndo_Click();
     EXPECT_EQ(window.column(kUnconverted, 4), Column(3, 0));
 }
@@ -289,7 +289,7 @@ TEST(Undo, whateverACommandWritesUndoBringsBackEveryCell)
         window.saveRows(column, first, last);
         for (std::int32_t r = first; r <= last; ++r)
             for (int layer = kUnconverted; layer <= kConverted; ++layer)
-                window.data.values(layer, column, r) = static_cast<double>(random());
+                window.record.values(layer, column, r) = static_cast<double>(random());
         window.undo.mnuEditUndo_Click();
         for (int layer = kUnconverted; layer <= kConverted; ++layer)
             for (std::int32_t c = 0; c < 6; ++c) EXPECT_EQ(window.column(layer, c), UndoWindow().column(layer, c));

@@ -31,8 +31,8 @@ public:
         fakeUi.surfaces[0].width = 100;
         view.HScroll1.Max = 30;
     }
-    void set(int layer, std::int32_t row, double value) { data.values(layer, 0, row) = value; }
-    [[nodiscard]] double at(int layer, std::int32_t row) const { return data.values(layer, 0, row); }
+    void set(int layer, std::int32_t row, double value) { record.values(layer, 0, row) = value; }
+    [[nodiscard]] double at(int layer, std::int32_t row) const { return record.values(layer, 0, row); }
     void select(std::int32_t start, std::int32_t end)
     {
         view.selStart = start;
@@ -96,7 +96,7 @@ TEST(Convert, copiesForUndoUnderTheHourglassBeforeItChangesAnything)
     EXPECT_THAT(column.calls, ElementsAre("undoSave 0", "skip True"));
     EXPECT_EQ(column.pointer(), Pointer::cross);
     EXPECT_EQ(column.fakeUi.focused, std::vector{Control::Picture1_0});
-    EXPECT_FALSE(column.data.saveCheck);
+    EXPECT_FALSE(column.record.saveCheck);
     EXPECT_TRUE(column.isEnabled(Control::mnuFileSave));
 }
 
@@ -159,7 +159,7 @@ TEST(Convert, aSelectionThatIsAllMissingIsTrimmedToNothingAndShownSo)
     column.conversion.convButton_Click();
     EXPECT_THAT(column.calls, ElementsAre("redraw 0 True", "redraw 1 True", "updateCues"));
     EXPECT_EQ(column.selection(), Rows(20, 20));
-    EXPECT_TRUE(column.data.saveCheck);
+    EXPECT_TRUE(column.record.saveCheck);
 }
 
 TEST(Convert, ignoresWhatIsNoSpanOfTheRecord)
@@ -169,7 +169,7 @@ TEST(Convert, ignoresWhatIsNoSpanOfTheRecord)
         column.select(rows.first, rows.second);
         column.conversion.convButton_Click();
         EXPECT_TRUE(column.calls.empty()) << rows.first;
-        EXPECT_TRUE(column.data.saveCheck);
+        EXPECT_TRUE(column.record.saveCheck);
     }
     Column none;
     none.choose(-1);
@@ -261,7 +261,7 @@ TEST(Convert, brokenOffByItsWindowsClosingLeavesAnUnsavedChangeAndItsCopy)
     EXPECT_THROW(column.conversion.convButton_Click(), std::runtime_error);
     EXPECT_EQ(column.at(kConverted, 10), 8);
     EXPECT_EQ(column.at(kConverted, 11), 7);
-    EXPECT_FALSE(column.data.saveCheck);
+    EXPECT_FALSE(column.record.saveCheck);
     EXPECT_THAT(column.calls, ElementsAre("undoSave 0"));
 }
 
@@ -271,7 +271,7 @@ TEST(ConvertEntry, convertsASensorColumnAndBeepsOnAParameter)
     column.conversion.mnuToolsConvert_Click();
     EXPECT_THAT(column.calls, ElementsAre("undoSave 0", "skip True"));
     column.calls.clear();
-    column.data.parameters = {true, false};
+    column.record.parameters = {true, false};
     column.conversion.mnuToolsConvert_Click();
     EXPECT_TRUE(column.calls.empty());
     EXPECT_EQ(column.fakeUi.beeps, 1);

@@ -19,20 +19,20 @@ public:
         std::vector<double> readings(static_cast<std::size_t>(count));
         std::iota(readings.begin(), readings.end(), 1);
         setReadings({readings});
-        for (std::int32_t row = 0; row < count; ++row) data.values(kBaseline, 0, row) = 10;
+        for (std::int32_t row = 0; row < count; ++row) record.values(kBaseline, 0, row) = 10;
         setChecked(Control::highBox, true);
         setText(Control::FormulaBox, equation);
     }
-    [[nodiscard]] double at(std::int32_t row) const { return data.values(kConverted, 0, row); }
+    [[nodiscard]] double at(std::int32_t row) const { return record.values(kConverted, 0, row); }
 };
 
 TEST(RowConverter, countsTheRecordAsChangedFromItsFirstRowOn)
 {
     Rows rows("X");
     RowConverter converter(rows);
-    EXPECT_TRUE(rows.data.saveCheck) << "a command may come to no row";
+    EXPECT_TRUE(rows.record.saveCheck) << "a command may come to no row";
     EXPECT_TRUE(converter.convertRow(0, 1));
-    EXPECT_FALSE(rows.data.saveCheck);
+    EXPECT_FALSE(rows.record.saveCheck);
 }
 
 TEST(RowConverter, writesTheValueOfItsRow)
@@ -53,7 +53,7 @@ TEST(RowConverter, takesTheEquationTheMissingNumberAndTheSideAnewForEveryRow)
     rows.setChecked(Control::highBox, false);
     EXPECT_TRUE(converter.convertRow(0, 2));
     rows.setChecked(Control::highBox, true);
-    rows.data.blank = 4;
+    rows.record.blank = 4;
     EXPECT_TRUE(converter.convertRow(0, 3));
     EXPECT_EQ(rows.column(kConverted, 0), (std::vector<double>{11, -8, 0, 4}));
 }

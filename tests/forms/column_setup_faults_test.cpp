@@ -25,14 +25,14 @@ std::string faultOf(const std::function<void(ColumnSetup&)>& type)
     const std::string fault = window.okWithPreProcess();
     EXPECT_THAT(window.calls, IsEmpty());
     EXPECT_TRUE(window.fakeUi.columnSetupShown);
-    EXPECT_TRUE(window.data.saveCheck);
+    EXPECT_TRUE(window.record.saveCheck);
     EXPECT_FALSE(window.view.Turbo);
     EXPECT_TRUE(window.view.lineMode);
     EXPECT_TRUE(window.isEnabled(Control::mnuToolsMode));
     EXPECT_EQ(window.conversionSettings.zeroFlow.vpdCol, -1);
     EXPECT_EQ(window.conversionSettings.zeroFlow.parCol, -1);
     EXPECT_EQ(window.conversionSettings.zeroFlow.lullTime, 4);
-    EXPECT_FALSE(window.data.isParameter(0));
+    EXPECT_FALSE(window.record.isParameter(0));
     EXPECT_TRUE(window.dialog().checkBox(1)); // what was typed and ticked can be mended
     return fault;
 }

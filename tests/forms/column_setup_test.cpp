@@ -29,7 +29,7 @@ TEST(ColumnSetupOpening, eachRowShowsItsColumnsLabelAlsoWhileTheListsShowNumbers
 TEST(ColumnSetupOpening, aNewDialogShowsTheMarksOfTheRecord)
 {
     SetupWindow window(3);
-    window.data.parameters = {true, false};
+    window.record.parameters = {true, false};
     window.loadDialog();
     EXPECT_TRUE(window.dialog().checkBox(1));
     EXPECT_FALSE(window.dialog().checkBox(2));
@@ -93,7 +93,7 @@ TEST(ColumnSetupOpening, aLaterShowingTakesTheLabelsAgain)
     SetupWindow window(2);
     window.dialog().setLabelBox(1, "typed and cancelled");
     window.dialog().CancelButton_Click();
-    window.data.labels = {"A", "B"};
+    window.record.labels = {"A", "B"};
     window.dialog().Form_Show();
     EXPECT_EQ(window.dialog().labelBox(1), "A");
     EXPECT_EQ(window.dialog().labelBox(2), "B");
@@ -157,7 +157,7 @@ TEST(ColumnSetupOk, withoutPreProcessTheOrderIsLabelsUnsavedColumnModesHideColum
                                           "redraw 0 True, hidden, Mode: sloppy one-click", "updateCues"));
     EXPECT_EQ(window.labelsAtFirstDrawing.front(), "typed");
     EXPECT_FALSE(window.savedAtFirstDrawing) << "unsaved before the column is shown";
-    EXPECT_FALSE(window.data.saveCheck);
+    EXPECT_FALSE(window.record.saveCheck);
 }
 
 TEST(ColumnSetupOk, withPreProcessTheOldSensorsAreShownOnceMoreBeforeTheNewOnes)
@@ -178,10 +178,10 @@ TEST(ColumnSetupOk, withPreProcessTheLullsAreFlaggedBeforeThePointsAreSet)
     SetupWindow window;
     window.addLulls();
     EXPECT_EQ(window.okWithPreProcess(), "");
-    EXPECT_FALSE(window.data.lullFlags[2]);
-    EXPECT_TRUE(window.data.lullFlags[3]) << "the third row after the first";
+    EXPECT_FALSE(window.record.lullFlags[2]);
+    EXPECT_TRUE(window.record.lullFlags[3]) << "the third row after the first";
     EXPECT_TRUE(window.sensors.isPoint(0, 3)) << "equal readings leave the point on the first flagged row";
-    EXPECT_EQ(window.data.values(kBaseline, 0, 20), 2) << "between the two lulls";
+    EXPECT_EQ(window.record.values(kBaseline, 0, 20), 2) << "between the two lulls";
     EXPECT_EQ(window.text(Control::statusPanel2), "");
 }
 
@@ -287,28 +287,28 @@ TEST(ColumnSetupOk, marksAndTheLabelChoiceCountOnlyFromThen)
     SetupWindow window;
     window.dialog().setCheckBox(2, true);
     window.boxes().saveBox = true;
-    EXPECT_FALSE(window.data.isParameter(1));
-    EXPECT_FALSE(window.data.savesLabels);
+    EXPECT_FALSE(window.record.isParameter(1));
+    EXPECT_FALSE(window.record.savesLabels);
     window.dialog().OKButton_Click();
-    EXPECT_TRUE(window.data.isParameter(1));
-    EXPECT_FALSE(window.data.isParameter(0));
-    EXPECT_TRUE(window.data.savesLabels);
-    EXPECT_FALSE(window.data.isParameter(-1));
-    EXPECT_FALSE(window.data.isParameter(12));
+    EXPECT_TRUE(window.record.isParameter(1));
+    EXPECT_FALSE(window.record.isParameter(0));
+    EXPECT_TRUE(window.record.savesLabels);
+    EXPECT_FALSE(window.record.isParameter(-1));
+    EXPECT_FALSE(window.record.isParameter(12));
 }
 
 TEST(ColumnSetupOk, untilThenLabelsGoOutAsTheFileCame)
 {
     SetupWindow window;
-    window.data.savesLabels = true;
+    window.record.savesLabels = true;
     window.loadDialog();
-    EXPECT_TRUE(window.data.savesLabels); // a dialog that was only looked at loses no labels
+    EXPECT_TRUE(window.record.savesLabels); // a dialog that was only looked at loses no labels
     window.dialog().CancelButton_Click();
-    EXPECT_TRUE(window.data.savesLabels);
+    EXPECT_TRUE(window.record.savesLabels);
     window.dialog().Form_Show();
     EXPECT_FALSE(window.boxes().saveBox);
     window.dialog().OKButton_Click();
-    EXPECT_FALSE(window.data.savesLabels);
+    EXPECT_FALSE(window.record.savesLabels);
 }
 
 TEST(ColumnSetupOk, theBoxesStandAtTheNextShowingAsOkLeftThem)
@@ -330,7 +330,7 @@ TEST(ColumnSetupCancel, appliesNothingAndRestoresTheBoxes)
     SetupWindow window;
     window.dialog().setCheckBox(4, true);
     window.dialog().OKButton_Click();
-    window.data.saveCheck = true;
+    window.record.saveCheck = true;
     window.calls.clear();
     window.dialog().setCheckBox(4, false);
     window.dialog().setCheckBox(5, true);
@@ -339,7 +339,7 @@ TEST(ColumnSetupCancel, appliesNothingAndRestoresTheBoxes)
     window.dialog().CancelButton_Click();
     EXPECT_THAT(window.calls, IsEmpty());
     EXPECT_FALSE(window.fakeUi.columnSetupShown);
-    EXPECT_TRUE(window.data.saveCheck);
+    EXPECT_TRUE(window.record.saveCheck);
     EXPECT_TRUE(window.dialog().checkBox(4));
     EXPECT_FALSE(window.dialog().checkBox(5));
     EXPECT_FALSE(window.boxes().saveBox);
@@ -352,10 +352,10 @@ TEST(ApplyColumnSetup, needsNoDialog)
 {
     SetupWindow window(2);
     applyColumnSetup(window, {{"Day", "S1"}, {true, false}, true, std::nullopt});
-    EXPECT_THAT(window.data.labels, ElementsAre("Day", "S1"));
-    EXPECT_TRUE(window.data.isParameter(0));
-    EXPECT_TRUE(window.data.savesLabels);
-    EXPECT_FALSE(window.data.saveCheck);
+    EXPECT_THAT(window.record.labels, ElementsAre("Day", "S1"));
+    EXPECT_TRUE(window.record.isParameter(0));
+    EXPECT_TRUE(window.record.savesLabels);
+    EXPECT_FALSE(window.record.saveCheck);
     EXPECT_TRUE(window.view.Sloppy);
 }
 

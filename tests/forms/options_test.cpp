@@ -97,7 +97,7 @@ TEST(ChangeCurrent, appliesToTheParentOnlyAndSavesNothing)
     EXPECT_EQ(desk.first.conversionSettings.zeroFlow.lullTime, 0);
     EXPECT_EQ(desk.first.conversionSettings.zeroFlow.vpdLimit, 0.1F);
     EXPECT_EQ(desk.first.conversionSettings.zeroFlow.parLimit, 0.3F);
-    EXPECT_TRUE(desk.first.data.zeroOut);
+    EXPECT_TRUE(desk.first.record.zeroOut);
     EXPECT_EQ(desk.second.text(Control::FormulaBox), kDefault);
     EXPECT_TRUE(desk.first.settings.log.empty());
 }
@@ -105,9 +105,9 @@ TEST(ChangeCurrent, appliesToTheParentOnlyAndSavesNothing)
 TEST(ChangeCurrent, takesTheClearedBoxForZerosToo)
 {
     Desk desk;
-    desk.first.data.zeroOut = true;
+    desk.first.record.zeroOut = true;
     EXPECT_TRUE(desk.options.cmdApplyCur_Click());
-    EXPECT_FALSE(desk.first.data.zeroOut);
+    EXPECT_FALSE(desk.first.record.zeroOut);
 }
 
 TEST(ChangeCurrent, roundsColumnsHalfToEvenAndCountsLullsIn32Bits)
@@ -128,7 +128,7 @@ TEST(ChangeCurrent, showsTheNewSettingsInTheWindow)
     Desk desk;
     EXPECT_TRUE(desk.options.cmdApplyCur_Click());
     EXPECT_THAT(desk.first.calls, ElementsAre("redraw 0 True", "redraw 1 True", "updateCues"));
-    EXPECT_TRUE(desk.first.data.saveCheck) << "new settings change no data";
+    EXPECT_TRUE(desk.first.record.saveCheck) << "new settings change no data";
 }
 
 TEST(ChangeCurrent, showsTheWindowWhenItHasEverySetting)
@@ -140,7 +140,7 @@ TEST(ChangeCurrent, showsTheWindowWhenItHasEverySetting)
             ++times;
             EXPECT_EQ(text(Control::FormulaBox), "X");
             EXPECT_EQ(view.dateCol, 4);
-            EXPECT_TRUE(data.zeroOut);
+            EXPECT_TRUE(record.zeroOut);
         }
     };
     Shown window;
@@ -158,7 +158,7 @@ TEST(ChangeCurrent, checksTheMissingValueNumberAndDoesNotApplyIt)
     Desk desk;
     desk.options.blankBox = "-9999";
     EXPECT_TRUE(desk.options.cmdApplyCur_Click());
-    EXPECT_EQ(desk.first.data.blank, 99999);
+    EXPECT_EQ(desk.first.record.blank, 99999);
 }
 
 TEST(ChangeAll, savesEverythingInOrderAsTyped)
@@ -196,8 +196,8 @@ TEST(ChangeAll, leavesEverythingElseOfTheWindowsToTheStore)
         EXPECT_EQ(window->conversionSettings.zeroFlow.parCol, before.parCol);
         EXPECT_EQ(window->conversionSettings.zeroFlow.parLimit, before.parLimit);
         EXPECT_EQ(window->conversionSettings.zeroFlow.lullTime, before.lullTime);
-        EXPECT_EQ(window->data.blank, 99999);
-        EXPECT_FALSE(window->data.zeroOut);
+        EXPECT_EQ(window->record.blank, 99999);
+        EXPECT_FALSE(window->record.zeroOut);
     }
 }
 

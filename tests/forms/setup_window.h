@@ -18,7 +18,7 @@ public:
     explicit SetupWindow(int columns = 12)
     {
         setReadings(std::vector<std::vector<double>>(static_cast<std::size_t>(columns), std::vector<double>(40, 2)));
-        for (int c = 1; c <= columns; ++c) data.labels.push_back("L" + std::to_string(c));
+        for (int c = 1; c <= columns; ++c) record.labels.push_back("L" + std::to_string(c));
         choose(0);
         loadDialog();
     }
@@ -45,9 +45,9 @@ public:
     /// each.
     void addLulls()
     {
-        for (std::int32_t r = 0; r < data.lines; ++r) {
+        for (std::int32_t r = 0; r < record.lines; ++r) {
             const bool calm = r < 10 || r >= 30;
-            data.values(kUnconverted, 10, r) = data.values(kUnconverted, 2, r) = calm ? 0 : 9;
+            record.values(kUnconverted, 10, r) = record.values(kUnconverted, 2, r) = calm ? 0 : 9;
         }
     }
 
@@ -55,10 +55,10 @@ public:
     {
         TestWindow::redraw(index, clear);
         calls.back() += fakeUi.columnSetupShown ? ", shown" : ", hidden, " + text(Control::statusPanel1);
-        if (data.saveCheck) calls.back() += ", still unchanged";
+        if (record.saveCheck) calls.back() += ", still unchanged";
         if (labelsAtFirstDrawing.empty()) {
-            labelsAtFirstDrawing = data.labels;
-            savedAtFirstDrawing = data.saveCheck;
+            labelsAtFirstDrawing = record.labels;
+            savedAtFirstDrawing = record.saveCheck;
         }
         if (fakeUi.columnSetupShown) sensorsAtFirstDrawing = sensors.count();
     }

@@ -18,7 +18,7 @@ struct FormsWindow : TestWindow {
     FormsWindow()
     {
         setReadings({{1, 2}, {3, 4}});
-        data.labels = {"day", "oak"};
+        record.labels = {"day", "oak"};
     }
 };
 
@@ -43,7 +43,7 @@ TEST(LabelButton, showsTheSameDialogAgainWithFreshLabelsAndMarks)
     window.forms.labelFrm->setCheckBox(1, true);
     window.forms.labelFrm->OKButton_Click();
     const ColumnSetup* dialog = window.forms.labelFrm.get();
-    window.data.labels[1] = "beech";
+    window.record.labels[1] = "beech";
     window.forms.mnuViewLabels_Click();
     EXPECT_EQ(window.forms.labelFrm.get(), dialog);
     EXPECT_EQ(window.forms.labelFrm->labelBox(2), "beech");

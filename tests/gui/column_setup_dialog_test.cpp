@@ -211,8 +211,8 @@ private Q_SLOTS:
         bench.saveBox()->setChecked(true);
         bench.press(QStringLiteral("OKButton"));
         QCOMPARE(bench.commands, 1);
-        QCOMPARE(bench.window.data.labels.at(1), std::string("PAR"));
-        QVERIFY(bench.window.data.isParameter(19) && bench.window.data.savesLabels);
+        QCOMPARE(bench.window.record.labels.at(1), std::string("PAR"));
+        QVERIFY(bench.window.record.isParameter(19) && bench.window.record.savesLabels);
         QVERIFY(!bench.dialog->isVisible());
     }
 
@@ -241,7 +241,7 @@ private Q_SLOTS:
         if (way == QStringLiteral("Esc")) QTest::keyClick(bench.dialog.get(), Qt::Key_Escape);
         if (way == QStringLiteral("frame")) bench.dialog->close();
         QVERIFY(bench.commands == 0 && !bench.dialog->isVisible());
-        QCOMPARE(bench.window.data.labels.at(2), std::string("a3"));
+        QCOMPARE(bench.window.record.labels.at(2), std::string("a3"));
         bench.setup().Form_Show();
         bench.dialog->showFor(false);
         QVERIFY(!bench.checkBox(1)->isChecked());
@@ -319,8 +319,8 @@ private Q_SLOTS:
     void okGivesUneditedLabelsBackByteForByte()
     {
         SetupBench bench(20);
-        bench.window.data.labels.at(0) = kLatin1;
-        bench.window.data.labels.at(1) = kLatin1;
+        bench.window.record.labels.at(0) = kLatin1;
+        bench.window.record.labels.at(1) = kLatin1;
         bench.setup().CancelButton_Click();
         bench.setup().Form_Show();
         bench.show();
@@ -333,14 +333,14 @@ private Q_SLOTS:
         bench.bar()->setValue(5);
         bench.bar()->setValue(0);
         bench.press(QStringLiteral("OKButton"));
-        QCOMPARE(bench.window.data.labels.at(0), kLatin1);
-        QCOMPARE(bench.window.data.labels.at(1), kLatin1 + "x");
+        QCOMPARE(bench.window.record.labels.at(0), kLatin1);
+        QCOMPARE(bench.window.record.labels.at(1), kLatin1 + "x");
     }
 
     void openingItOnceMoreWhileItIsOpenKeepsTheOriginalBytes()
     {
         SetupBench bench(3);
-        bench.window.data.labels.at(0) = kLatin1;
+        bench.window.record.labels.at(0) = kLatin1;
         bench.setup().CancelButton_Click();
         bench.setup().Form_Show();
         bench.show();
@@ -352,7 +352,7 @@ private Q_SLOTS:
         QTest::keyClick(bench.labelBox(1), Qt::Key_End);
         QTest::keyClick(bench.labelBox(1), Qt::Key_Backspace);
         bench.press(QStringLiteral("OKButton"));
-        QCOMPARE(bench.window.data.labels.at(0), kLatin1);
+        QCOMPARE(bench.window.record.labels.at(0), kLatin1);
     }
 
     void pastedLineEndsAndControlCharactersBecomeBlanksInTheBoxAndInTheLabel()
@@ -366,13 +366,13 @@ private Q_SLOTS:
         QCOMPARE(box->text(), QStringLiteral("PAR  sum 1  a1"));
         QCOMPARE(box->cursorPosition(), 12); // behind what was pasted
         bench.press(QStringLiteral("OKButton"));
-        QCOMPARE(bench.window.data.labels.at(0), std::string("PAR  sum 1  a1"));
+        QCOMPARE(bench.window.record.labels.at(0), std::string("PAR  sum 1  a1"));
     }
 
     void aControlCharacterOfTheFileStaysInALabelThatIsNotEdited()
     {
         SetupBench bench(2);
-        bench.window.data.labels.at(0) = "PAR\x01sum";
+        bench.window.record.labels.at(0) = "PAR\x01sum";
         bench.setup().CancelButton_Click();
         bench.setup().Form_Show();
         bench.show();
@@ -381,7 +381,7 @@ private Q_SLOTS:
         QTest::keyClicks(bench.labelBox(1), QStringLiteral("x"));
         QTest::keyClick(bench.labelBox(1), Qt::Key_Backspace);
         bench.press(QStringLiteral("OKButton"));
-        QCOMPARE(bench.window.data.labels.at(0), std::string("PAR\x01sum"));
+        QCOMPARE(bench.window.record.labels.at(0), std::string("PAR\x01sum"));
     }
 };
 

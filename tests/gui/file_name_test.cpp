@@ -87,7 +87,7 @@ private Q_SLOTS:
         QCOMPARE(desk.title, QStringLiteral("Tarvelint"));
         QVERIFY2(desk.said.contains(QStringLiteral("not valid UTF-8")), qPrintable(desk.said));
         QVERIFY2(desk.said.contains(name), qPrintable(desk.said));
-        QCOMPARE(desk.core().data.lines, 0);
+        QCOMPARE(desk.core().record.lines, 0);
         QVERIFY(desk.form->findChildren<QFileDialog*>().isEmpty()); // it has gone all the same
     }
 
@@ -108,7 +108,7 @@ private Q_SLOTS:
         fs::remove(place / latin1); // the toolkit could not remove it with the folder
         QVERIFY2(desk.said.contains(QStringLiteral("not valid UTF-8")), qPrintable(desk.said));
         QCOMPARE(names, std::set<std::string>{latin1});
-        QVERIFY(!desk.core().data.saveCheck);
+        QVERIFY(!desk.core().record.saveCheck);
         QVERIFY(desk.core().file.savePath.empty());
     }
 
@@ -131,7 +131,7 @@ private Q_SLOTS:
         typeNameInFileDialog(desk, good, &start);
         desk.entry("mnuFileSave")->trigger();
         QVERIFY(!start.isEmpty() && start != place);
-        QVERIFY(desk.core().data.saveCheck);
+        QVERIFY(desk.core().record.saveCheck);
         QCOMPARE(desk.core().file.savePath, good.toStdString());
         QVERIFY(QFile::exists(good));
     }

@@ -38,8 +38,8 @@ constexpr int kS1 = 5; // 0-based column of the first sensor: Day, Time, PAR, VP
 std::vector<double> baselineOf(const Desk& desk)
 {
     std::vector<double> column;
-    for (int row = 0; row < desk.core().data.lines; ++row)
-        column.push_back(desk.core().data.values(kBaseline, kS1, row));
+    for (int row = 0; row < desk.core().record.lines; ++row)
+        column.push_back(desk.core().record.values(kBaseline, kS1, row));
     return column;
 }
 
@@ -109,15 +109,15 @@ private Q_SLOTS:
         QVERIFY(core.view.Turbo);
         QCOMPARE(core.sensors.count(), 8);
         int points = 0;
-        for (int row = 0; row < core.data.lines; ++row) {
+        for (int row = 0; row < core.record.lines; ++row) {
             if (!core.sensors.isPoint(0, row)) continue;
             ++points;
-            QCOMPARE(core.data.values(kBaseline, kS1, row), core.data.values(kUnconverted, kS1, row));
-            QCOMPARE(core.data.values(kConverted, kS1, row), 0.0); // reading and baseline meet: no flow
+            QCOMPARE(core.record.values(kBaseline, kS1, row), core.record.values(kUnconverted, kS1, row));
+            QCOMPARE(core.record.values(kConverted, kS1, row), 0.0); // reading and baseline meet: no flow
         }
         QVERIFY(points > 1);
         QCOMPARE(desk.text("statusPanel1"), QStringLiteral("Mode: traditional, edit data"));
-        QVERIFY(!core.data.saveCheck);
+        QVERIFY(!core.record.saveCheck);
     }
 
     void lullsAreWhiteBandsPointsRedAndTheTraceBlack()
@@ -134,12 +134,12 @@ private Q_SLOTS:
         int lulls = 0;
         int points = 0;
         for (int row = 1; row < desk.find("Picture1_0")->width(); ++row) { // one unit to a row, from row 0
-            const double y = yOf(core.data.values(kUnconverted, kS1, row), lo, hi, height);
+            const double y = yOf(core.record.values(kUnconverted, kS1, row), lo, hi, height);
             const bool point = core.sensors.isPoint(0, row);
             QVERIFY2(near(plot, row, y, point ? Qt::red : Qt::black), qPrintable(QString::number(row)));
-            lulls += core.data.lullFlags[static_cast<std::size_t>(row)] && at(plot, row, 1) == QColor(Qt::white);
+            lulls += core.record.lullFlags[static_cast<std::size_t>(row)] && at(plot, row, 1) == QColor(Qt::white);
             points += point;
-            if (!core.data.lullFlags[static_cast<std::size_t>(row)])
+            if (!core.record.lullFlags[static_cast<std::size_t>(row)])
                 QVERIFY(at(plot, row, height - 2) != QColor(Qt::white));
         }
         QVERIFY(lulls > 0);

@@ -280,17 +280,17 @@ private Q_SLOTS:
         Desk desk;
         selectBadEquation(desk);
         Engine& core = desk.core();
-        const double before = core.data.values(kConverted, 5, 10);
+        const double before = core.record.values(kConverted, 5, 10);
         desk.answer(QMessageBox::Cancel);
         desk.click("convButton");
         QCOMPARE(desk.title, QStringLiteral("Tarvelint"));
         QVERIFY2(desk.said.startsWith(QStringLiteral("Division by Zero! ")), qPrintable(desk.said));
         QVERIFY(desk.said.contains(QStringLiteral("This was caused by (B-B)")));
         QVERIFY(desk.said.contains(QStringLiteral("Line is 10")));
-        QCOMPARE(core.data.values(kConverted, 5, 10), 0.0);
+        QCOMPARE(core.record.values(kConverted, 5, 10), 0.0);
         QVERIFY(desk.entry("mnuEditUndo")->isEnabled());
         desk.entry("mnuEditUndo")->trigger();
-        QCOMPARE(core.data.values(kConverted, 5, 10), before);
+        QCOMPARE(core.record.values(kConverted, 5, 10), before);
         QCOMPARE(core.view.selStart, 10);
         QVERIFY(!desk.entry("mnuEditUndo")->isEnabled());
     }
@@ -342,9 +342,10 @@ private Q_SLOTS:
         desk.click("convButton");
         QTRY_COMPARE(desk.title, QStringLiteral("Close window:"));
         QTRY_VERIFY(!desk.form->findChild<QMessageBox*>());
-        QCOMPARE(core.data.values(kConverted, 5, 0), core.data.values(kUnconverted, 5, 0)); // it had begun
-        QVERIFY(core.data.isBlank(core.data.values(kConverted, 5, 1439)) ||
-                core.data.values(kConverted, 5, 1439) != core.data.values(kUnconverted, 5, 1439)); // and did not end
+        QCOMPARE(core.record.values(kConverted, 5, 0), core.record.values(kUnconverted, 5, 0)); // it had begun
+        QVERIFY(core.record.isBlank(core.record.values(kConverted, 5, 1439)) ||
+                core.record.values(kConverted, 5, 1439) !=
+                    core.record.values(kUnconverted, 5, 1439)); // and did not end
         const QImage shown = desk.plot(0);
         desk.command([&] { core.redraw(0, true); });
         QCOMPARE(shown, desk.plot(0));

@@ -36,9 +36,9 @@ inline QString named(const char* name, int index1)
 struct SetupBench {
     explicit SetupBench(int columns)
     {
-        window.data.allocate(static_cast<std::int16_t>(columns), 1);
-        window.data.labels.clear();
-        for (int i = 1; i <= columns; ++i) window.data.labels.push_back("a" + std::to_string(i));
+        window.record.allocate(static_cast<std::int16_t>(columns), 1);
+        window.record.labels.clear();
+        for (int i = 1; i <= columns; ++i) window.record.labels.push_back("a" + std::to_string(i));
         window.forms.labelFrm = std::make_unique<ColumnSetup>(window);
         window.forms.labelFrm->Form_Load();
         parent.resize(600, 400);

@@ -74,7 +74,7 @@ private Q_SLOTS:
     void aSecondCloseWhileTheFirstAsksDoesNotAskAgain()
     {
         Desk desk;
-        desk.core().data.saveCheck = false;
+        desk.core().record.saveCheck = false;
         Questions questions(desk.windows, [&](FrmMain& asked) {
             QCloseEvent again; // `close()` itself would not send a second one
             QCoreApplication::sendEvent(&asked.form(), &again);
@@ -120,7 +120,7 @@ private Q_SLOTS:
         desk.windows.newWindow();
         desk.windows.newWindow();
         const auto opened = desk.windows.mainWindows();
-        for (const std::size_t unsaved : {0U, 1U}) opened[unsaved]->core().data.saveCheck = false;
+        for (const std::size_t unsaved : {0U, 1U}) opened[unsaved]->core().record.saveCheck = false;
         Questions questions(
             desk.windows, [&](FrmMain& asked) { return &asked == opened[1] ? QMessageBox::Cancel : QMessageBox::No; });
         opened[2]->form().findChild<QAction*>(QStringLiteral("mnuFileExit"))->trigger();
@@ -153,7 +153,7 @@ private Q_SLOTS:
     void aMinimisedWindowStoresNoGeometryThoughItsQuestionBringsItBack()
     {
         Desk desk;
-        desk.core().data.saveCheck = false;
+        desk.core().record.saveCheck = false;
         desk.form->setWindowState(Qt::WindowMinimized);
         desk.settings.values.clear();
         bool wasSeen = false;
@@ -174,7 +174,7 @@ private Q_SLOTS:
     void aMaximisedWindowIsMaximisedAgainWhenAQuestionBringsItBack()
     {
         Desk desk;
-        desk.core().data.saveCheck = false;
+        desk.core().record.saveCheck = false;
         desk.form->setWindowState(Qt::WindowMaximized | Qt::WindowMinimized);
         desk.answer(QMessageBox::Cancel);
         QVERIFY(!desk.form->close());
@@ -212,7 +212,7 @@ private Q_SLOTS:
     {
         Desk desk;
         desk.openSample();
-        const double flux = desk.core().data.values(kConverted, kS1, 700);
+        const double flux = desk.core().record.values(kConverted, kS1, 700);
         const QString path = desk.folder.filePath(QStringLiteral("flux.csv"));
         desk.chooseFile(path.toStdString());
         QTimer::singleShot(0, desk.form, [&] {
@@ -221,11 +221,11 @@ private Q_SLOTS:
         });
         desk.entry("mnuFileSave")->trigger();
         QVERIFY(QFile::exists(path));
-        QVERIFY(desk.core().data.saveCheck);
+        QVERIFY(desk.core().record.saveCheck);
         QVERIFY(desk.form->windowTitle().endsWith(path));
         desk.open(path.toStdString());
-        QVERIFY(desk.core().data.saveCheck);
-        QVERIFY(std::abs(desk.core().data.values(kConverted, kS1, 700) - flux) < 1e-9);
+        QVERIFY(desk.core().record.saveCheck);
+        QVERIFY(std::abs(desk.core().record.values(kConverted, kS1, 700) - flux) < 1e-9);
     }
 
     void theAboutBoxShowsNoSecondWindow()

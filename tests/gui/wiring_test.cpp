@@ -32,18 +32,18 @@ public:
 
     [[nodiscard]] double value(int layer, std::int32_t column, std::int32_t row) const
     {
-        return core().data.values(layer, column, row);
+        return core().record.values(layer, column, row);
     }
     /// A row with a baseline: somewhere between the first point and the last.
     [[nodiscard]] std::int32_t convertedRow(std::int32_t column) const
     {
-        for (std::int32_t row = 500; row < core().data.lines; ++row)
-            if (!core().data.isBlank(value(kBaseline, column, row))) return row;
+        for (std::int32_t row = 500; row < core().record.lines; ++row)
+            if (!core().record.isBlank(value(kBaseline, column, row))) return row;
         qFatal("no baseline");
         return -1;
     }
     /// Puts a number into the converted layer that no conversion gives.
-    void spoil(std::int32_t column) const { core().data.values(kConverted, column, convertedRow(column)) = kSpoilt; }
+    void spoil(std::int32_t column) const { core().record.values(kConverted, column, convertedRow(column)) = kSpoilt; }
     [[nodiscard]] bool isSpoilt(std::int32_t column) const
     {
         return value(kConverted, column, convertedRow(column)) == kSpoilt;
@@ -154,7 +154,7 @@ private Q_SLOTS:
         desk.entry("toolSave")->trigger();
         confirmContents(desk);
         desk.entry("mnuFileSaveAs")->trigger();
-        desk.core().data.saveCheck = true; // nothing to ask about
+        desk.core().record.saveCheck = true; // nothing to ask about
         desk.entry("toolOpen")->trigger();
         QCOMPARE(asked,
                  (QStringList{QStringLiteral("Save: save"), QStringLiteral("Save As: save"), QStringLiteral("Open")}));
@@ -226,7 +226,7 @@ private Q_SLOTS:
             desk.core().view.selStart = 600;
             desk.core().view.selEnd = 610;
             desk.entry(converts ? "mnuToolsRecalculateSelection" : "mnuToolsConvert")->trigger();
-            QCOMPARE(!desk.core().data.isBlank(desk.value(kBaseline, 2, 600)), converts);
+            QCOMPARE(!desk.core().record.isBlank(desk.value(kBaseline, 2, 600)), converts);
         }
     }
 
@@ -338,7 +338,7 @@ private Q_SLOTS:
         SensorDesk desk;
         QVERIFY(desk.find<QCheckBox>("highBox")->isChecked());
         desk.tick("highBox");
-        desk.core().data.saveCheck = true; // nothing to ask about
+        desk.core().record.saveCheck = true; // nothing to ask about
         QVERIFY(desk.form->close());
         QCOMPARE(desk.settings.values["High"], std::string("0"));
     }

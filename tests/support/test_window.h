@@ -37,22 +37,22 @@ public:
     bool skips = true; ///< False at the record's end
 
     /// The columns of readings as sensors, in this order (0-based), without points.
-    void makeSensors(std::vector<std::int32_t> columns) { sensors.assign(std::move(columns), data.lines); }
+    void makeSensors(std::vector<std::int32_t> columns) { sensors.assign(std::move(columns), record.lines); }
     void choose(std::int32_t column0) { view.chosenColumn[0] = column0; }
 
     /// Columns of readings (layer 1), all of one length; baseline and converted start as 0.
     void setReadings(const std::vector<std::vector<double>>& columns)
     {
-        data.allocate(static_cast<std::int16_t>(columns.size()),
-                      columns.empty() ? 0 : static_cast<std::int32_t>(columns.front().size()));
-        for (std::int32_t c = 0; c < data.columns; ++c)
-            for (std::int32_t r = 0; r < data.lines; ++r)
-                data.values(kUnconverted, c, r) = columns[static_cast<std::size_t>(c)][static_cast<std::size_t>(r)];
+        record.allocate(static_cast<std::int16_t>(columns.size()),
+                        columns.empty() ? 0 : static_cast<std::int32_t>(columns.front().size()));
+        for (std::int32_t c = 0; c < record.columns; ++c)
+            for (std::int32_t r = 0; r < record.lines; ++r)
+                record.values(kUnconverted, c, r) = columns[static_cast<std::size_t>(c)][static_cast<std::size_t>(r)];
     }
     [[nodiscard]] std::vector<double> column(int layer, std::int32_t column0) const
     {
         std::vector<double> cells;
-        for (std::int32_t r = 0; r < data.lines; ++r) cells.push_back(data.values(layer, column0, r));
+        for (std::int32_t r = 0; r < record.lines; ++r) cells.push_back(record.values(layer, column0, r));
         return cells;
     }
 

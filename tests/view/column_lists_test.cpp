@@ -32,7 +32,7 @@ TEST(VarListChange, aClickOnTheSameEntryDoesItAgain)
 TEST(VarListChange, ofTheCompanionChangesNeitherTheColumnBeingWorkedOnNorTheCues)
 {
     Panel panel;
-    panel.data.parameters = {true, true};
+    panel.record.parameters = {true, true};
     panel.view.Turbo = true;
     panel.choose(2);
     panel.view.curSensor = 0;
@@ -104,7 +104,7 @@ TEST(VarListChange, toNoEntryDrawsNothing)
 TEST(VarListChange, convertIsForSensorColumns)
 {
     Panel panel;
-    panel.data.parameters = {true, true};
+    panel.record.parameters = {true, true};
     panel.choose(0, 1);
     EXPECT_FALSE(panel.isEnabled(Control::convButton));
     panel.choose(0, 2);
@@ -168,7 +168,7 @@ TEST(ShowLabels, keepsTheChosenColumnsAndDrawsNothing)
 TEST(ShowLabels, aColumnWithoutALabelKeepsItsNumber)
 {
     Panel panel;
-    panel.data.labels = {"day"};
+    panel.record.labels = {"day"};
     panel.lists.labelBox_Click(true);
     EXPECT_THAT(panel.entries(), ElementsAre("day", "2", "3", "4"));
 }
@@ -177,7 +177,7 @@ TEST(UpdateLabels, takesTheTextsIntoRecordAndLists)
 {
     Panel panel;
     panel.lists.updateLabels({"day", "time", "Quercus", ""});
-    EXPECT_THAT(panel.data.labels, ElementsAre("day", "time", "Quercus", ""));
+    EXPECT_THAT(panel.record.labels, ElementsAre("day", "time", "Quercus", ""));
     EXPECT_THAT(panel.entries(), ElementsAre("day", "time", "Quercus", ""));
 }
 
@@ -185,7 +185,7 @@ TEST(UpdateLabels, textsForColumnsThatAreNotThereAreDropped)
 {
     Panel panel;
     panel.lists.updateLabels({"a", "b", "c", "d", "e"});
-    EXPECT_THAT(panel.data.labels, ElementsAre("a", "b", "c", "d"));
+    EXPECT_THAT(panel.record.labels, ElementsAre("a", "b", "c", "d"));
 }
 
 TEST(UpdateLabels, keepsTheChosenColumnsAndDrawsNothing)
@@ -202,7 +202,7 @@ TEST(UpdateLabels, showsTheLabelsEvenWhileNumbersWereShown)
 {
     Panel panel;
     panel.lists.labelBox_Click(false);
-    panel.lists.updateLabels(panel.data.labels);
+    panel.lists.updateLabels(panel.record.labels);
     EXPECT_THAT(panel.entries(), ElementsAre("day", "time", "oak", "pine"));
 }
 

@@ -29,7 +29,7 @@ struct Panel : TestWindow {
     Panel()
     {
         setReadings({{123, 124, 125}, {0.5, 12.25, 1e15}, {1.5, -0.00004, 1234.5}, {7, 8, 9}});
-        data.labels = {"day", "time", "oak", "pine"};
+        record.labels = {"day", "time", "oak", "pine"};
         view.showsLabels = true;
         lists.fill();
         makeSensors({2, 3});
@@ -37,7 +37,7 @@ struct Panel : TestWindow {
     [[nodiscard]] Texts entries() const
     {
         Texts texts;
-        for (std::int32_t c = 0; c < data.columns; ++c) texts.push_back(columnEntry(data, view, c));
+        for (std::int32_t c = 0; c < record.columns; ++c) texts.push_back(columnEntry(record, view, c));
         return texts;
     }
     using TestWindow::choose;

@@ -78,8 +78,8 @@ TEST(Trace, theMainAreaShowsTheLayerOnViewAndTheCompanionTheReadings)
 {
     Plot plot({1}, {2});
     plot.view.curLayer = kConverted;
-    plot.data.values(kConverted, 0, 0) = 5;
-    plot.data.values(kConverted, 1, 0) = 5;
+    plot.record.values(kConverted, 0, 0) = 5;
+    plot.record.values(kConverted, 1, 0) = 5;
     EXPECT_THAT(plot.drawn(0), ElementsAre(moveTo(0, 54.5), lineTo(0, 54.5)));
     EXPECT_THAT(plot.drawn(1), ElementsAre(moveTo(0, 84.5), lineTo(0, 84.5)));
 }
@@ -93,7 +93,7 @@ TEST(LullBands, areOneRowWideAndFullHeight)
     plot.surfaces()[0].width = 8;
     plot.view.zoomFactor = 2;
     plot.view.HScroll1.Value = 1; // rows 1 to 5
-    plot.data.lullFlags = {true, false, true, true, false, true};
+    plot.record.lullFlags = {true, false, true, true, false, true};
     plot.drawn();
     EXPECT_THAT(plot.surfaces()[0].only("box"), ElementsAre(box(2, 4), box(4, 6), box(8, 10)));
 }
@@ -101,7 +101,7 @@ TEST(LullBands, areOneRowWideAndFullHeight)
 TEST(LullBands, areForTurboAndTheMainArea)
 {
     Plot plot({0, 0});
-    plot.data.lullFlags = {true, true};
+    plot.record.lullFlags = {true, true};
     plot.drawn(0);
     EXPECT_THAT(plot.surfaces()[0].only("box"), IsEmpty());
     plot.points({});
@@ -113,7 +113,7 @@ TEST(LullBands, areDrawnInTheConvertedViewAndForParameterColumnsToo)
 {
     Plot plot({0, 0});
     plot.points({});
-    plot.data.lullFlags = {true, false};
+    plot.record.lullFlags = {true, false};
     plot.view.curLayer = kConverted;
     EXPECT_EQ(plot.drawn().front(), box(0, 1));
     plot.view.curLayer = kUnconverted;
@@ -292,7 +292,7 @@ TEST(Redraw, drawsBandsThenTheHighlightThenPointsThenTheTrace)
 {
     Plot plot({0, 1});
     plot.points({0});
-    plot.data.lullFlags = {true, false};
+    plot.record.lullFlags = {true, false};
     plot.view.markRow = 0;
     EXPECT_THAT(plot.drawn(0, true),
                 ElementsAre(erase(), box(0, 1), highlight(0, 104.5, 5), moveTo(0, -1), moveTo(0, 104.5), dot(0, 104.5),

@@ -65,7 +65,7 @@ struct Plot : TestWindow {
         surfaces()[0].width = surfaces()[1].width = 4;
         view.chosenColumn[0] = 0;
         view.chosenColumn[1] = 1;
-        view.HScroll1.Max = data.lines;
+        view.HScroll1.Max = record.lines;
         range(0, "0", "10");
         range(1, "0", "10");
     }
@@ -106,7 +106,7 @@ struct Plot : TestWindow {
     {
         Ops ops = drawn(index);
         const auto rows = static_cast<std::size_t>(
-            lastVisibleRow(surfaces()[0].width, view.zoomFactor, view.HScroll1.Value, data.lines) -
+            lastVisibleRow(surfaces()[0].width, view.zoomFactor, view.HScroll1.Value, record.lines) -
             view.HScroll1.Value + 1);
         ops.resize(ops.size() - rows - 1);
         return ops;

@@ -208,8 +208,8 @@ TEST(AutomaticRange, isTakenFromTheLayerOnView)
 {
     Plot plot({1, 2});
     plot.view.curLayer = kConverted;
-    plot.data.values(kConverted, 0, 0) = -4;
-    plot.data.values(kConverted, 0, 1) = 6;
+    plot.record.values(kConverted, 0, 0) = -4;
+    plot.record.values(kConverted, 0, 1) = 6;
     plot.expectAutomaticRange("-4.0000 to 6.0000");
 }
 
@@ -222,7 +222,7 @@ TEST(AutomaticRange, passesOverMissingReadings)
 TEST(AutomaticRange, worksWithANegativeMissingValueNumber)
 {
     Plot plot({-6999, 3, -1});
-    plot.data.blank = -6999;
+    plot.record.blank = -6999;
     plot.expectAutomaticRange("-1.0000 to 3.0000"); // from 6999 down and from -6999 up
 }
 
@@ -301,8 +301,8 @@ TEST(FittedPlot, drawsTheSameOnAnotherSurfaceAndChangesNothingOfTheWindow)
 
     RecordingSurface paper;
     paper.width = 4;
-    const PlotFit fit = fitPlot(plot.data, plot.view, {0, 4, 110}, {"never", "read"}, ",");
-    drawPlot(fit, {plot.data, plot.sensors, plot.view, std::nullopt}, true, paper);
+    const PlotFit fit = fitPlot(plot.record, plot.view, {0, 4, 110}, {"never", "read"}, ",");
+    drawPlot(fit, {plot.record, plot.sensors, plot.view, std::nullopt}, true, paper);
     EXPECT_EQ(Ops(paper.ops.begin() + 1, paper.ops.end()), shown);
     EXPECT_EQ(fit.automaticRange, (RangeTexts{"0.0000", "10.0000"}));
     EXPECT_EQ(plot.range(0), rangeBefore);

@@ -33,7 +33,7 @@ struct Scrolled : TestWindow {
 
     explicit Scrolled(std::int32_t lines, float width = 100)
     {
-        data.allocate(1, lines);
+        record.allocate(1, lines);
         fakeUi.surfaces[0].width = width;
         fakeUi.surfaces[1].width = 7; // never looked at
     }

@@ -35,7 +35,7 @@ TEST(UpdateCues, showsReadingsInTheConvertedViewToo)
     Panel panel;
     panel.choose(3);
     panel.view.curLayer = kConverted;
-    panel.data.values(kConverted, 3, 1) = 55;
+    panel.record.values(kConverted, 3, 1) = 55;
     panel.select(1, 1);
     panel.cues.updateCues();
     EXPECT_EQ(panel.leftCues()[0], "8.0000");

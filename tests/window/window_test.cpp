@@ -208,7 +208,7 @@ TEST(WindowChanges, aChangeIsUnsavedAndCanBeSaved)
     window.setReadings({{1, 2}});
     window.setEnabled(Control::mnuFileSave, false);
     window.markChanged();
-    EXPECT_FALSE(window.data.saveCheck);
+    EXPECT_FALSE(window.record.saveCheck);
     EXPECT_TRUE(window.isEnabled(Control::mnuFileSave));
 }
 
@@ -237,7 +237,7 @@ TEST(WindowChanges, showingAllDrawsTheMainAreaFirstAndThenTheCues)
 TEST(NewWindow, hasTheGivenDefaultsAndNoFile)
 {
     const TestWindow window;
-    EXPECT_TRUE(window.data.saveCheck);
+    EXPECT_TRUE(window.record.saveCheck);
     EXPECT_EQ(window.view.dateCol, 1);
     EXPECT_EQ(window.view.timeCol, 2);
     EXPECT_EQ(window.view.curCol(), -1);

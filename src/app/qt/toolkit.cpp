@@ -94,7 +94,7 @@ void QtToolkit::showList(int index)
     if (!m_listStale[i]) return;
     m_listStale[i] = false;
     const Engine& core = m_frmMain.core();
-    m_frmMain.form().showList(index, core.data.labels, core.view.entriesAreLabels, core.view.chosen(index));
+    m_frmMain.form().showList(index, core.record.labels, core.view.entriesAreLabels, core.view.chosen(index));
 }
 
 void QtToolkit::scrollBarChanged()
