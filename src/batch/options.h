@@ -2,8 +2,7 @@
 #pragma once
 
 #include "data/file_format.h"
-#include "data/numbers.h"
-#include "data/settings_store.h"
+#include "data/setting_defaults.h"
 #include "window/conversion_settings.h"
 
 #include <cstdint>
@@ -19,15 +18,15 @@ struct BatchOptions {
     std::string output;
     FileType inputType = FileType::comma;
     FileType outputType = FileType::comma;
-    std::int16_t vpdColumn = roundToInt16(leadingNumber(defaultText(Setting::VPD)));
-    std::int16_t parColumn = roundToInt16(leadingNumber(defaultText(Setting::PAR)));
+    std::int16_t vpdColumn = defaults::kVpdColumn.as<std::int16_t>();
+    std::int16_t parColumn = defaults::kParColumn.as<std::int16_t>();
     ZeroFlowSettings zeroFlow;           ///< limits and lull length; its columns are not set here
     std::optional<std::string> equation; ///< repaired; none: the fixed conversion
     std::string typedEquation;           ///< as it stood on the command line
     bool baselineIsHigh = true;
     std::optional<std::string> parameters; ///< columns that are not converted; none: 1, 2, VPD and PAR
     SaveChoices choices;
-    std::int32_t blank = roundToInt32(leadingNumber(defaultText(Setting::Blank)));
+    std::int32_t blank = defaults::kBlank.as<std::int32_t>();
     bool quiet = false;
 
     /// With the limits and the lull length of the column set-up.

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "data/setting_defaults.h"
+
 #include <cassert>
 #include <cmath>
 #include <cstddef>
@@ -86,8 +88,9 @@ struct DataSet {
     std::vector<std::string> labels; ///< one per column, bytes as the file had them
     bool labelsAreText = false;      ///< at least one field of the line last split into labels is no number
     std::vector<bool> lullFlags;     ///< one per row: inside a qualifying VPD and PAR lull
-    std::int32_t blank = 99999;      ///< the number that stands for a missing value, in every layer
-    bool zeroOut = false;            ///< an absent converted layer is filled with 0 instead of `blank`
+    /// The number that stands for a missing value, in every layer.
+    std::int32_t blank = defaults::kBlank.as<std::int32_t>();
+    bool zeroOut = false; ///< an absent converted layer is filled with 0 instead of `blank`
 
     /// Sizes the grid and the lull flags together; every cell 0, every flag False.
     /// @throws std::bad_alloc and changes nothing

@@ -2,6 +2,7 @@
 #include "data/settings_store.h"
 
 #include "data/numbers.h"
+#include "data/setting_defaults.h"
 
 #include <algorithm>
 #include <array>
@@ -17,25 +18,25 @@ struct Row {
     std::string_view inColumnSetup = standard;
 };
 
-/// In the order of `Setting`. The two rows with a third text are given so: whoever never saved options sees 0.05 and 4
-/// in the options dialog, and 0.01 and 3 in the column set-up.
-constexpr auto kRows = std::to_array<Row>({{"ZoomFactor", "1"},
-                                           {"MainLeft", "1000"},
-                                           {"MainTop", "1000"},
-                                           {"MainWidth", "6500"},
-                                           {"MainHeight", "6500"},
-                                           {"Date", "1"},
-                                           {"Time", "2"},
-                                           {"Equation", "119*((B/X)-1)^1.23"},
-                                           {"Blank", "99999"},
-                                           {"Ref", "0"},
-                                           {"High", "1"},
-                                           {"Zero", "0"},
-                                           {"VPD", "11"},
-                                           {"PAR", "3"},
-                                           {"VPDlimit", "0.05"},
-                                           {"PARlimit", "0.05", "0.01"},
-                                           {"lullTime", "4", "3"}});
+/// In the order of `Setting`. A third text is the default in the column set-up where that differs.
+constexpr auto kRows =
+    std::to_array<Row>({{"ZoomFactor", "1"},
+                        {"MainLeft", "1000"},
+                        {"MainTop", "1000"},
+                        {"MainWidth", "6500"},
+                        {"MainHeight", "6500"},
+                        {"Date", defaults::kDate.text},
+                        {"Time", defaults::kTime.text},
+                        {"Equation", "119*((B/X)-1)^1.23"},
+                        {"Blank", defaults::kBlank.text},
+                        {"Ref", "0"},
+                        {"High", "1"},
+                        {"Zero", "0"},
+                        {"VPD", defaults::kVpdColumn.text},
+                        {"PAR", defaults::kParColumn.text},
+                        {"VPDlimit", defaults::kVpdLimit.text},
+                        {"PARlimit", defaults::kParLimit.text, defaults::kParLimitInColumnSetup.text},
+                        {"lullTime", defaults::kLullTime.text, defaults::kLullTimeInColumnSetup.text}});
 static_assert(kRows.size() == static_cast<std::size_t>(Setting::lullTime) + 1);
 
 const Row& rowOf(Setting setting)

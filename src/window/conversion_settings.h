@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include "data/setting_defaults.h"
+
 #include <cstdint>
 #include <string>
 
@@ -11,9 +13,9 @@ namespace tarvelint {
 struct ZeroFlowSettings {
     std::int16_t vpdCol = -1; ///< 0-based once the column set-up has set it
     std::int16_t parCol = -1; ///< 0-based once the column set-up has set it
-    float vpdLimit = 0.05F;
-    float parLimit = 0.05F;
-    std::int32_t lullTime = 4; ///< rows of a lull before its rows count
+    float vpdLimit = defaults::kVpdLimit.as<float>();
+    float parLimit = defaults::kParLimit.as<float>();
+    std::int32_t lullTime = defaults::kLullTime.as<std::int32_t>(); ///< rows of a lull before its rows count
 };
 
 /// How a window turns readings into sap flux.

@@ -5,6 +5,7 @@
 #include "data/data_set.h"
 #include "data/file_format.h"
 #include "data/progress.h"
+#include "data/setting_defaults.h"
 #include "window/ports.h"
 
 #include <cstddef>
@@ -26,9 +27,9 @@ struct LoadedRecord {
 
 /// How a file's absent numbers are to be taken.
 struct MissingValues {
-    std::int32_t blank = 99999;                 ///< of files that do not say
-    bool zeroOut = false;                       ///< fill an absent converted layer with 0
-    std::function<std::int32_t()> settingBlank; ///< asked for files that write missing values as dots
+    std::int32_t blank = defaults::kBlank.as<std::int32_t>(); ///< of files that do not say
+    bool zeroOut = false;                                     ///< fill an absent converted layer with 0
+    std::function<std::int32_t()> settingBlank;               ///< asked for files that write missing values as dots
 };
 
 /// Reads the whole file. What `progress` throws passes through.

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "data/data_set.h"
+#include "data/setting_defaults.h"
 
 #include <array>
 #include <cstddef>
@@ -30,8 +31,9 @@ struct View {
     std::array<std::int32_t, 2> chosenColumn{-1, -1}; ///< entry of `varList`, -1 none
     std::int32_t curLayer = kUnconverted;             ///< of the main area
     std::int32_t curSensor = -1;                      ///< sensor ordinal of `curCol`, or -1; kept while `Turbo` is set
-    std::int16_t dateCol = 1;                         ///< 1-based column that cues give as the day
-    std::int16_t timeCol = 2;                         ///< 1-based column that cues give as the time
+    /// 1-based columns that cues give as the day and the time.
+    std::int16_t dateCol = defaults::kDate.as<std::int16_t>();
+    std::int16_t timeCol = defaults::kTime.as<std::int16_t>();
 
     // Values
     std::array<bool, 2> automaticRange{false, false};

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "data/settings_store.h"
 
+#include "data/numbers.h"
+#include "data/setting_defaults.h"
 #include "support/doubles.h"
 
 #include <gmock/gmock.h>
@@ -194,6 +196,18 @@ TEST(SettingsStore, theOptionsDialogHasOtherDefaultsForTwoOfThem)
     for (const Setting setting : {Setting::PAR, Setting::VPD, Setting::PARlimit, Setting::VPDlimit, Setting::lullTime})
         static_cast<void>(readSetting(store, setting));
     EXPECT_THAT(store.asked, ElementsAre("PAR=3", "VPD=11", "PARlimit=0.05", "VPDlimit=0.05", "lullTime=4"));
+}
+
+TEST(SettingsStore, aDefaultIsTheNumberThatItsTextSays)
+{
+    for (const DefaultNumber& number :
+         {defaults::kDate, defaults::kTime, defaults::kBlank, defaults::kVpdColumn, defaults::kParColumn,
+          defaults::kVpdLimit, defaults::kParLimit, defaults::kParLimitInColumnSetup, defaults::kLullTime,
+          defaults::kLullTimeInColumnSetup, DefaultNumber("120.5"), DefaultNumber(".25")}) {
+        EXPECT_EQ(number.value, leadingNumber(number.text)) << number.text;
+        EXPECT_EQ(number.as<float>(), toFloat32(leadingNumber(number.text))) << number.text;
+    }
+    EXPECT_EQ(defaults::kParLimitInColumnSetup.as<float>(), 0.01F);
 }
 
 TEST(SettingsStore, aStoredTextGoesBeforeEitherDefault)
