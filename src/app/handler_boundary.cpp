@@ -35,6 +35,11 @@ void HandlerBoundary::command(const std::function<void()>& body)
     m_window.setStatus(1, status);
 }
 
+void HandlerBoundary::answer(const std::function<void()>& body)
+{
+    static_cast<void>(guarded(body));
+}
+
 void HandlerBoundary::record(const std::function<void()>& body)
 {
     static_cast<void>(guarded(body));

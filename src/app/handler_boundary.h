@@ -10,8 +10,7 @@ namespace tarvelint {
 /// Thrown out of `letPendingEventsRun` when the window is to go: the running command ends without a word.
 class WindowClosing {};
 
-/// The way by which user actions that change anything enter a window; leaving a dialog unanswered needs no door.
-/// Whatever the core throws ends here as one message box.
+/// The way by which user actions enter a window. Whatever the core throws ends here as one message box.
 class HandlerBoundary {
 public:
     explicit HandlerBoundary(Window& window) : m_window(window) {}
@@ -19,6 +18,9 @@ public:
     /// A menu entry, button or key: dropped, never queued, while another command runs. When it fails, pointer and
     /// status text are as they were before it.
     void command(const std::function<void()>& body);
+    /// A button or the closing of a dialog that a command may be waiting for: always taken, also in the middle of a
+    /// command, which goes on when the answer fails.
+    void answer(const std::function<void()>& body);
     /// A repaint, resize or pointer position: always taken, also in the middle of a command.
     void record(const std::function<void()>& body);
     [[nodiscard]] bool isBusy() const { return m_busy; }

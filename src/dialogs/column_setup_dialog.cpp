@@ -16,6 +16,8 @@
 #include <QSignalBlocker>
 #include <QVBoxLayout>
 
+#include <utility>
+
 namespace tarvelint {
 
 namespace {
@@ -24,8 +26,8 @@ constexpr int kGap = 8; ///< pixels between captions and boxes
 
 } // namespace
 
-ColumnSetupDialog::ColumnSetupDialog(ColumnSetup& setup, Command command, QWidget* parent)
-    : ProgramDialog(parent), m_setup(setup), m_command(std::move(command))
+ColumnSetupDialog::ColumnSetupDialog(ColumnSetup& setup, Entry command, Entry answer, QWidget* parent)
+    : ProgramDialog(parent), m_setup(setup), m_command(std::move(command)), m_answer(std::move(answer))
 {
     setObjectName(QStringLiteral("labelForm"));
     setWindowTitle(QStringLiteral("Labels"));
@@ -186,7 +188,7 @@ void ColumnSetupDialog::accept()
 
 void ColumnSetupDialog::reject()
 {
-    m_setup.CancelButton_Click();
+    m_answer([this] { m_setup.CancelButton_Click(); });
 }
 
 } // namespace tarvelint

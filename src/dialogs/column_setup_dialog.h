@@ -4,7 +4,6 @@
 #include "dialogs/program_dialog.h"
 #include "forms/column_setup.h"
 
-#include <functional>
 #include <string>
 #include <vector>
 
@@ -23,11 +22,10 @@ class ColumnSetupDialog : public ProgramDialog {
     Q_OBJECT
 
 public:
-    using Command = std::function<void(const std::function<void()>&)>;
-
     /// @param setup    may go before the dialog, provided that the dialog is not shown or used after it
-    /// @param command  runs OK's work as a command of the window, its failures included
-    ColumnSetupDialog(ColumnSetup& setup, Command command, QWidget* parent = nullptr);
+    /// @param command  runs OK's work, as a command
+    /// @param answer   runs Cancel's work, also in the middle of a command
+    ColumnSetupDialog(ColumnSetup& setup, Entry command, Entry answer, QWidget* parent = nullptr);
 
     /// Shows what the set-up holds now, over its window, and returns at once. With `blocking` the window takes no
     /// input meanwhile. The set-up hides the dialog through its window's `hideColumnSetup`.
@@ -57,7 +55,8 @@ private:
     void showBoxes();
 
     ColumnSetup& m_setup;
-    Command m_command;
+    Entry m_command;
+    Entry m_answer;
     std::vector<ParameterBox> m_parameterBoxes;
     ColumnRows* m_rows = nullptr;
     QBoxLayout* m_across = nullptr; ///< rows and choices side by side, or one below the other

@@ -3,12 +3,17 @@
 
 #include <QDialog>
 
+#include <functional>
+
 class QBoxLayout;
 class QVBoxLayout;
 
 namespace tarvelint {
 
 class ContentsArea;
+
+/// A way into the window of a dialog: runs what a button does there, its failures included.
+using Entry = std::function<void(const std::function<void()>& body)>;
 
 /// What the program's own dialogs have in common: Enter presses the default button wherever the focus is, and what a
 /// small screen has no room for scrolls, the buttons below it always in view. A push button in focus is the default one

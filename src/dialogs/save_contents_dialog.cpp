@@ -10,6 +10,8 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include <utility>
+
 namespace tarvelint {
 
 namespace {
@@ -23,8 +25,8 @@ QPushButton* addButton(QBoxLayout& row, const char* name, const char* caption)
 
 } // namespace
 
-SaveContentsDialog::SaveContentsDialog(SaveContents& contents, QWidget* parent)
-    : ProgramDialog(parent), m_contents(contents)
+SaveContentsDialog::SaveContentsDialog(SaveContents& contents, Entry answer, QWidget* parent)
+    : ProgramDialog(parent), m_contents(contents), m_answer(std::move(answer))
 {
     setObjectName(QStringLiteral("FileTypeFrm"));
     setWindowTitle(QStringLiteral("Save:"));
@@ -87,13 +89,13 @@ void SaveContentsDialog::ask()
 
 void SaveContentsDialog::accept()
 {
-    m_contents.OKButton_Click();
+    m_answer([this] { m_contents.OKButton_Click(); });
     QDialog::accept();
 }
 
 void SaveContentsDialog::reject()
 {
-    m_contents.CancelButton_Click();
+    m_answer([this] { m_contents.CancelButton_Click(); });
     QDialog::reject();
 }
 

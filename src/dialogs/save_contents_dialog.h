@@ -15,8 +15,9 @@ class SaveContentsDialog : public ProgramDialog {
     Q_OBJECT
 
 public:
-    /// `contents` outlives every `ask`.
-    explicit SaveContentsDialog(SaveContents& contents, QWidget* parent = nullptr);
+    /// @param contents  outlives every `ask`
+    /// @param answer    runs what its buttons do, in the middle of the command that saves
+    SaveContentsDialog(SaveContents& contents, Entry answer, QWidget* parent = nullptr);
 
     /// Shows the dialog over its window and returns when it is hidden; the answer stands in `SaveContents::confirmed`,
     /// "Cancel" unless it was left by its OK button. The dialog may be gone on return when its window went.
@@ -30,6 +31,7 @@ private:
     void showContents();
 
     SaveContents& m_contents;
+    Entry m_answer;
     struct Box {
         QCheckBox* widget;
         bool SaveChoices::*value;

@@ -210,7 +210,7 @@ private Q_SLOTS:
         QTest::keyClick(bench.checkBox(20), Qt::Key_Space);
         bench.saveBox()->setChecked(true);
         bench.press(QStringLiteral("OKButton"));
-        QCOMPARE(bench.commands, 1);
+        QVERIFY(bench.commands == 1 && bench.answers == 0);
         QCOMPARE(bench.window.record.labels.at(1), std::string("PAR"));
         QVERIFY(bench.window.record.isParameter(19) && bench.window.record.savesLabels);
         QVERIFY(!bench.dialog->isVisible());
@@ -240,7 +240,7 @@ private Q_SLOTS:
         if (way == QStringLiteral("button")) bench.press(QStringLiteral("CancelButton"));
         if (way == QStringLiteral("Esc")) QTest::keyClick(bench.dialog.get(), Qt::Key_Escape);
         if (way == QStringLiteral("frame")) bench.dialog->close();
-        QVERIFY(bench.commands == 0 && !bench.dialog->isVisible());
+        QVERIFY(bench.commands == 0 && bench.answers == 1 && !bench.dialog->isVisible());
         QCOMPARE(bench.window.record.labels.at(2), std::string("a3"));
         bench.setup().Form_Show();
         bench.dialog->showFor(false);

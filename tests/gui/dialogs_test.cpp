@@ -69,6 +69,9 @@ QCheckBox& box(QWidget& dialog, const char* name)
     return *dialog.findChild<QCheckBox*>(QString::fromLatin1(name));
 }
 
+/// The way into a window that is not there.
+const Entry atOnce = [](const std::function<void()>& work) { work(); };
+
 constexpr const char* kSaveBoxes[] = {"inCheck", "baseCheck", "outCheck", "headerCheck", "blankCheck"};
 
 } // namespace
@@ -85,7 +88,7 @@ private Q_SLOTS:
     {
         SaveChoices choices;
         SaveContents contents{choices};
-        SaveContentsDialog dialog(contents);
+        SaveContentsDialog dialog(contents, atOnce);
         QCOMPARE(dialog.windowTitle(), QStringLiteral("Save:"));
         QCOMPARE(dialog.findChild<QGroupBox*>()->title(), QStringLiteral("File contents"));
         QCOMPARE(box(dialog, "inCheck").text(), QStringLiteral("unconverted data"));
@@ -121,7 +124,9 @@ private Q_SLOTS:
         SaveChoices choices;
         SaveContents contents{choices};
         contents.confirmed = true; // of an earlier save
-        SaveContentsDialog dialog(contents, &parent);
+        int answers = 0;
+        SaveContentsDialog dialog(
+            contents, [&](const auto& work) { ++answers, work(); }, &parent);
         whenShown<QDialog>(parent, "FileTypeFrm", [&](QDialog& shownDialog) {
             QVERIFY(!contents.confirmed);
             QCOMPARE(shownDialog.windowModality(), Qt::WindowModal);
@@ -133,6 +138,7 @@ private Q_SLOTS:
         dialog.ask();
         QVERIFY(!dialog.isVisible());
         QTEST(contents.confirmed, "confirmed");
+        QCOMPARE(answers, way.startsWith(QStringLiteral("hidden")) ? 0 : 1);
     }
 
     void eachSaveBoxKeepsItsStateBetweenSaves_data()
@@ -147,7 +153,7 @@ private Q_SLOTS:
         QWidget parent;
         SaveChoices choices;
         SaveContents contents{choices};
-        SaveContentsDialog dialog(contents, &parent);
+        SaveContentsDialog dialog(contents, atOnce, &parent);
         whenShown<QDialog>(parent, "FileTypeFrm", [&](QDialog& shownDialog) {
             QTest::keyClick(&box(shownDialog, cleared), Qt::Key_Space);
             click(shownDialog, "OKButton");
@@ -167,7 +173,7 @@ private Q_SLOTS:
         auto parent = std::make_unique<QWidget>();
         SaveChoices choices;
         SaveContents contents{choices};
-        auto* dialog = new SaveContentsDialog(contents, parent.get());
+        auto* dialog = new SaveContentsDialog(contents, atOnce, parent.get());
         QTimer::singleShot(20, this, [&] { parent.reset(); });
         dialog->ask();
         QVERIFY(parent == nullptr);

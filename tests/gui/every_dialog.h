@@ -28,7 +28,7 @@ struct Dialogs {
     SaveChoices choices;
     SaveContents contents{choices};
     OptionsDialog options{bench.settings, [](Window&, const auto&) {}, [] { return std::vector<Window*>(); }};
-    SaveContentsDialog save{contents, &bench.parent};
+    SaveContentsDialog save{contents, [](const auto& work) { work(); }, &bench.parent};
     FrmSplash splash{aboutTexts(), QStringLiteral("1.2.3")};
 
     Dialogs()

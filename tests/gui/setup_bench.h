@@ -44,7 +44,8 @@ struct SetupBench {
         parent.resize(600, 400);
         parent.show();
         dialog = std::make_unique<ColumnSetupDialog>(
-            *window.forms.labelFrm, [this](const auto& work) { ++commands, work(); }, &parent);
+            *window.forms.labelFrm, [this](const auto& work) { ++commands, work(); },
+            [this](const auto& work) { ++answers, work(); }, &parent);
         ui.dialog = dialog.get();
     }
     /// A server without window manager gives the focus to nobody who does not ask.
@@ -87,6 +88,7 @@ struct SetupBench {
     QWidget parent;
     std::unique_ptr<ColumnSetupDialog> dialog;
     int commands = 0;
+    int answers = 0;
 };
 
 } // namespace tarvelint::test

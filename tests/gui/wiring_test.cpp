@@ -186,6 +186,17 @@ private Q_SLOTS:
         QVERIFY(dialog->isVisible());
     }
 
+    void theColumnSetupsCancelIsTakenWhileACommandRuns()
+    {
+        SensorDesk desk;
+        auto* dialog = desk.find<QDialog>("labelForm");
+        desk.entry("mnuViewLabels")->trigger();
+        desk.command([&] {
+            QTest::mouseClick(dialog->findChild<QPushButton*>(QStringLiteral("CancelButton")), Qt::LeftButton);
+        });
+        QVERIFY(!dialog->isVisible());
+    }
+
     void zoomOutUndoesZoomIn()
     {
         SensorDesk desk;

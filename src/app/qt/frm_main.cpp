@@ -169,6 +169,12 @@ void FrmMain::record(const std::function<void()>& body)
     closeWhenUnwound();
 }
 
+void FrmMain::answer(const std::function<void()>& body)
+{
+    m_core.boundary.answer(body);
+    closeWhenUnwound();
+}
+
 void FrmMain::command(const std::function<void()>& body)
 {
     m_core.boundary.command(body);

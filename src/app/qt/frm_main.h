@@ -30,6 +30,8 @@ public:
     /// Runs a user action in the core; afterwards the widgets show what the core holds, also when it was refused, and a
     /// window that was asked to close meanwhile closes.
     void command(const std::function<void()>& body);
+    /// Runs what a dialog's answer does in the core, also in the middle of a command.
+    void answer(const std::function<void()>& body);
     /// Closes the window; its close handling still runs. A busy one cancels what it asks and closes when it is done.
     void unload();
     /// The busy window was asked to close: what runs long may give up.

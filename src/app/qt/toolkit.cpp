@@ -158,7 +158,8 @@ void QtToolkit::showColumnSetup(bool blocking)
 {
     if (!m_columnSetup) {
         m_columnSetup = new ColumnSetupDialog(
-            *m_frmMain.core().forms.labelFrm, [this](const auto& body) { m_frmMain.command(body); }, &m_frmMain.form());
+            *m_frmMain.core().forms.labelFrm, [this](const auto& body) { m_frmMain.command(body); },
+            [this](const auto& body) { m_frmMain.answer(body); }, &m_frmMain.form());
         m_windows.opened(m_columnSetup);
     }
     m_columnSetup->showFor(blocking);
@@ -185,7 +186,8 @@ void QtToolkit::cancelColumnSetup()
 void QtToolkit::showSaveContents()
 {
     if (!m_saveContents) {
-        m_saveContents = new SaveContentsDialog(*m_frmMain.core().forms.typeFrm, &m_frmMain.form());
+        m_saveContents = new SaveContentsDialog(
+            *m_frmMain.core().forms.typeFrm, [this](const auto& body) { m_frmMain.answer(body); }, &m_frmMain.form());
         m_windows.opened(m_saveContents);
     }
     m_saveContents->ask();
