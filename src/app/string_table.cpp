@@ -111,21 +111,23 @@ void loadOther(ResControl& control, const StringTable& table)
 
 void loadControl(ResControl& control, const StringTable& table)
 {
-    if (control.typeName == "Label") {
-        control.caption = replaced(control.tag, control.caption, table);
-    } else if (control.typeName == "Menu") {
-        control.caption = replaced(control.caption, control.caption, table);
-    } else if (control.typeName == "TabStrip") {
+    switch (control.type) {
+    case ControlType::label: control.caption = replaced(control.tag, control.caption, table); break;
+    case ControlType::menu: control.caption = replaced(control.caption, control.caption, table); break;
+    case ControlType::tabStrip:
         for (auto& tab : control.parts) {
             tab.caption = replaced(tab.tag, tab.caption, table);
             tab.toolTip = replaced(tab.toolTip, tab.toolTip, table);
         }
-    } else if (control.typeName == "Toolbar") {
+        break;
+    case ControlType::toolbar:
         for (auto& button : control.parts) button.toolTip = replaced(button.toolTip, button.toolTip, table);
-    } else if (control.typeName == "ListView") {
+        break;
+    case ControlType::listView:
         for (auto& header : control.parts) header.caption = replaced(header.tag, header.caption, table);
-    } else {
-        loadOther(control, table);
+        break;
+    case ControlType::form:
+    case ControlType::other: loadOther(control, table); break;
     }
 }
 

@@ -27,9 +27,12 @@ private:
     std::map<int, std::string> m_texts;
 };
 
+/// The kinds of control that `loadResStrings` tells apart.
+enum class ControlType { form, label, menu, tabStrip, toolbar, listView, other };
+
 /// A control (or the form itself) as `loadResStrings` sees it: numbers stand in place of texts.
 struct ResControl {
-    std::string typeName; ///< "Form", "Label", "Menu", "Toolbar", "TabStrip", "ListView" or any other
+    ControlType type = ControlType::other;
     std::string tag;
     std::string caption;
     std::string toolTip;

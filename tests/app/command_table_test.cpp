@@ -47,7 +47,7 @@ std::string shownCaption(Control control)
 {
     const Command& entry = entryOf(control);
     ResControl form;
-    std::vector<ResControl> controls{{"Menu", "", entry.caption, "", {}}};
+    std::vector<ResControl> controls{{ControlType::menu, "", entry.caption, "", {}}};
     loadResStrings(form, controls, StringTable());
     return controls.front().caption;
 }

@@ -16,15 +16,15 @@ namespace {
 /// The control of that type after `loadResStrings` with the program's own table.
 ResControl loaded(ResControl control)
 {
-    ResControl form{"Form", "", "", "", {}};
+    ResControl form{ControlType::form, "", "", "", {}};
     std::vector controls{std::move(control)};
     loadResStrings(form, controls, StringTable());
     return controls.front();
 }
 
-std::string captionOf(const std::string& typeName, const std::string& tag, const std::string& caption)
+std::string captionOf(ControlType type, const std::string& tag, const std::string& caption)
 {
-    return loaded({typeName, tag, caption, "", {}}).caption;
+    return loaded({type, tag, caption, "", {}}).caption;
 }
 
 constexpr std::pair<int, std::string_view> kTexts[] = {{1000, "&File"},
@@ -149,22 +149,22 @@ TEST(StringTableTexts, aLineThatIsNoTextIsPassedOver)
 
 TEST(LoadResStrings, aMenuEntryDesignedAs1065ShowsTools)
 {
-    EXPECT_EQ(captionOf("Menu", "", "1065"), "&Tools");
+    EXPECT_EQ(captionOf(ControlType::menu, "", "1065"), "&Tools");
 }
 
 TEST(LoadResStrings, aMenuEntryGoesByItsCaptionNotItsTag)
 {
-    EXPECT_EQ(captionOf("Menu", "1000", "Paste &Special..."), "Paste &Special...");
+    EXPECT_EQ(captionOf(ControlType::menu, "1000", "Paste &Special..."), "Paste &Special...");
 }
 
 TEST(LoadResStrings, aLabelGoesByItsTag)
 {
-    EXPECT_EQ(captionOf("Label", "1044", "1000"), "Fair Use Policy:");
+    EXPECT_EQ(captionOf(ControlType::label, "1044", "1000"), "Fair Use Policy:");
 }
 
 TEST(LoadResStrings, theFormGoesByItsTag)
 {
-    ResControl form{"Form", "1063", "designed", "", {}};
+    ResControl form{ControlType::form, "1063", "designed", "", {}};
     std::vector<ResControl> none;
     loadResStrings(form, none, StringTable());
     EXPECT_EQ(form.caption, "Application Title");
@@ -172,31 +172,32 @@ TEST(LoadResStrings, theFormGoesByItsTag)
 
 TEST(LoadResStrings, aToolBarsButtonsTakeTheirTips)
 {
-    const auto bar = loaded({"Toolbar", "", "", "", {{"", "", "", "1029", {}}, {"", "", "", "Bold it", {}}}});
+    using enum ControlType;
+    const auto bar = loaded({toolbar, "", "", "", {{other, "", "", "1029", {}}, {other, "", "", "Bold it", {}}}});
     EXPECT_EQ(bar.parts[0].toolTip, "New");
     EXPECT_EQ(bar.parts[1].toolTip, "Bold it");
 }
 
 TEST(LoadResStrings, tabsTakeCaptionAndTipAndColumnHeadersTheirText)
 {
-    const auto tabs = loaded({"TabStrip", "", "", "", {{"", "1050", "tab", "1055", {}}}});
+    const auto tabs = loaded({ControlType::tabStrip, "", "", "", {{ControlType::other, "1050", "tab", "1055", {}}}});
     EXPECT_EQ(tabs.parts[0].caption, "Options");
     EXPECT_EQ(tabs.parts[0].toolTip, "&Apply");
-    const auto list = loaded({"ListView", "", "", "", {{"", "1051", "header", "", {}}}});
+    const auto list = loaded({ControlType::listView, "", "", "", {{ControlType::other, "1051", "header", "", {}}}});
     EXPECT_EQ(list.parts[0].caption, "Sample 1");
 }
 
 TEST(LoadResStrings, anyOtherControlTakesCaptionAndTipByTheirLeadingNumbers)
 {
-    const auto button = loaded({"CommandButton", "1057 left one", "designed", "1056", {}});
+    const auto button = loaded({ControlType::other, "1057 left one", "designed", "1056", {}});
     EXPECT_EQ(button.caption, "OK");
     EXPECT_EQ(button.toolTip, "Cancel");
-    EXPECT_EQ(captionOf("CommandButton", "1000.5", "designed"), "&File"); // a half goes to the even 1000
+    EXPECT_EQ(captionOf(ControlType::other, "1000.5", "designed"), "&File"); // a half goes to the even 1000
 }
 
 TEST(LoadResStrings, anEmptyOrZeroOrNegativeTagKeepsTheCaption)
 {
-    for (const std::string type : {"Label", "CommandButton"})
+    for (const ControlType type : {ControlType::label, ControlType::other})
         for (const std::string tag : {"", "0", "-5", "words"}) EXPECT_EQ(captionOf(type, tag, "designed"), "designed");
 }
 
@@ -207,8 +208,8 @@ TEST(LoadResStrings, aControlWithoutNumberKeepsItsTextsThoughTheOrganisationNumb
     table.addTexts(lines);
     ASSERT_EQ(table.find(0), "nobody's");
     for (const std::string tag : {"", "0", "0.4", "words"}) {
-        ResControl form{"Form", "", "form", "", {}};
-        std::vector<ResControl> controls{{"CommandButton", tag, "designed", tag, {}}};
+        ResControl form{ControlType::form, "", "form", "", {}};
+        std::vector<ResControl> controls{{ControlType::other, tag, "designed", tag, {}}};
         loadResStrings(form, controls, table);
         EXPECT_EQ(form.caption, "form");
         EXPECT_EQ(controls[0].caption, "designed") << tag;
@@ -218,12 +219,12 @@ TEST(LoadResStrings, aControlWithoutNumberKeepsItsTextsThoughTheOrganisationNumb
 
 TEST(LoadResStrings, aNumberThatIsNotInTheTableOrTooLargeIsIgnoredAndTheNextStepRuns)
 {
-    EXPECT_EQ(captionOf("Label", "4711", "designed"), "designed");
-    EXPECT_EQ(captionOf("Menu", "", "99999999999"), "99999999999");
-    const auto button = loaded({"CommandButton", "1E99", "designed", "1060", {}});
+    EXPECT_EQ(captionOf(ControlType::label, "4711", "designed"), "designed");
+    EXPECT_EQ(captionOf(ControlType::menu, "", "99999999999"), "99999999999");
+    const auto button = loaded({ControlType::other, "1E99", "designed", "1060", {}});
     EXPECT_EQ(button.caption, "designed");
     EXPECT_EQ(button.toolTip, "OK");
-    EXPECT_EQ(loaded({"CommandButton", "", "", "1E99", {}}).toolTip, "1E99");
+    EXPECT_EQ(loaded({ControlType::other, "", "", "1E99", {}}).toolTip, "1E99");
 }
 
 } // namespace

@@ -60,7 +60,7 @@ QLabel* FrmSplash::addLabel(QBoxLayout& layout, const char* name, const char* ta
     label->setWordWrap(true);
     label->setTextInteractionFlags(Qt::TextSelectableByMouse); // addresses get copied
     layout.addWidget(label);
-    m_numbered.append({label, {.typeName = "Label", .tag = tag, .caption = {}, .toolTip = {}, .parts = {}}});
+    m_numbered.append({label, {.type = ControlType::label, .tag = tag, .caption = {}, .toolTip = {}, .parts = {}}});
     return label;
 }
 
@@ -121,7 +121,7 @@ QBoxLayout* FrmSplash::buildFoot()
     m_Command1->setMinimumWidth(16 * fontMetrics().averageCharWidth());
     connect(m_Command1, &QPushButton::clicked, this, &FrmSplash::accept);
     m_numbered.append(
-        {m_Command1, {.typeName = "CommandButton", .tag = "1060", .caption = "OK", .toolTip = {}, .parts = {}}});
+        {m_Command1, {.type = ControlType::other, .tag = "1060", .caption = "OK", .toolTip = {}, .parts = {}}});
     auto* foot = new QHBoxLayout;
     foot->addStretch();
     foot->addWidget(m_Command1);
@@ -130,7 +130,7 @@ QBoxLayout* FrmSplash::buildFoot()
 
 void FrmSplash::Form_Load(const StringTable& table, const QString& version)
 {
-    ResControl form{.typeName = "Form",
+    ResControl form{.type = ControlType::form,
                     .tag = tagText.toStdString(),
                     .caption = windowTitle().toStdString(),
                     .toolTip = {},

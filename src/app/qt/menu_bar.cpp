@@ -25,7 +25,7 @@ constexpr int kIconSize = 16;
 std::vector<ResControl> menuCaptions(const StringTable& table)
 {
     std::vector<ResControl> controls;
-    for (const Command& command : commandTable()) controls.push_back({"Menu", {}, command.caption, {}, {}});
+    for (const Command& command : commandTable()) controls.push_back({ControlType::menu, {}, command.caption, {}, {}});
     ResControl form;
     loadResStrings(form, controls, table);
     return controls;
@@ -73,8 +73,8 @@ MenuActions buildMenus(QMainWindow& window, const StringTable& table)
 ToolActions buildToolBar(QMainWindow& window, const StringTable& table)
 {
     ToolActions built{.bar = window.addToolBar(qt(controlRow(Control::tbToolBar).spoken)), .actions = {}};
-    ResControl bar{"Toolbar", {}, {}, {}, {}};
-    for (const ToolButton& tool : toolTable()) bar.parts.push_back({{}, {}, {}, tool.toolTip, {}});
+    ResControl bar{ControlType::toolbar, {}, {}, {}, {}};
+    for (const ToolButton& tool : toolTable()) bar.parts.push_back({ControlType::other, {}, {}, tool.toolTip, {}});
     ResControl form;
     std::vector<ResControl> controls{bar};
     loadResStrings(form, controls, table);
