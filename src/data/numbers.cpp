@@ -128,12 +128,11 @@ std::optional<Integer> rounded(double value)
 }
 
 template <class Integer>
-Integer roundedOrOverflow(double value)
+std::string overflowOf(double value)
 {
     using Limits = std::numeric_limits<Integer>;
-    if (const auto fitting = rounded<Integer>(value)) return *fitting;
-    throw NumericOverflow("The number " + generalText(value) + " is outside the range from " +
-                          std::to_string(Limits::min()) + " to " + std::to_string(Limits::max()) + ".");
+    return "The number " + generalText(value) + " is outside the range from " + std::to_string(Limits::min()) + " to " +
+           std::to_string(Limits::max()) + ".";
 }
 
 } // namespace
@@ -157,20 +156,37 @@ std::optional<float> roundedToFloat32(double value)
     return magnitude > double{kMax} ? std::copysign(kMax, value > 0 ? 1.0F : -1.0F) : static_cast<float>(value);
 }
 
+std::string int16Overflow(double value)
+{
+    return overflowOf<std::int16_t>(value);
+}
+
+std::string int32Overflow(double value)
+{
+    return overflowOf<std::int32_t>(value);
+}
+
+std::string float32Overflow(double value)
+{
+    return "The number " + generalText(value) + " is too large for a 32-bit number.";
+}
+
 std::int16_t roundToInt16(double value)
 {
-    return roundedOrOverflow<std::int16_t>(value);
+    if (const auto fitting = roundedToInt16(value)) return *fitting;
+    throw NumericOverflow(int16Overflow(value));
 }
 
 std::int32_t roundToInt32(double value)
 {
-    return roundedOrOverflow<std::int32_t>(value);
+    if (const auto fitting = roundedToInt32(value)) return *fitting;
+    throw NumericOverflow(int32Overflow(value));
 }
 
 float toFloat32(double value)
 {
     if (const auto fitting = roundedToFloat32(value)) return *fitting;
-    throw NumericOverflow("The number " + generalText(value) + " is too large for a 32-bit number.");
+    throw NumericOverflow(float32Overflow(value));
 }
 
 char* writeGeneralText(char* out, double value)

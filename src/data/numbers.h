@@ -43,6 +43,11 @@ public:
 /// Nearest 32-bit float; empty when the value is not finite or too large.
 [[nodiscard]] std::optional<float> roundedToFloat32(double value);
 
+/// Why the three above have no value for a number, as a sentence for the user.
+[[nodiscard]] std::string int16Overflow(double value);
+[[nodiscard]] std::string int32Overflow(double value);
+[[nodiscard]] std::string float32Overflow(double value);
+
 /// As `roundedToInt16` and `roundedToInt32`, for commands that end there. @throws NumericOverflow instead of empty
 [[nodiscard]] std::int16_t roundToInt16(double value);
 [[nodiscard]] std::int32_t roundToInt32(double value);

@@ -7,18 +7,28 @@
 #include "window/command_failure.h"
 #include "window/window.h"
 
+#include <optional>
+
 namespace tarvelint {
 
 namespace {
 
-template <class Convert>
-auto numberIn(const std::string& text, const char* label, Convert convert)
+/// The width that a box's number has to fit.
+template <class Number>
+struct Width {
+    std::optional<Number> (*rounded)(double);
+    std::string (*overflow)(double);
+};
+constexpr Width<std::int16_t> kInt16{roundedToInt16, int16Overflow};
+constexpr Width<std::int32_t> kInt32{roundedToInt32, int32Overflow};
+constexpr Width<float> kFloat32{roundedToFloat32, float32Overflow};
+
+template <class Number>
+Number numberIn(const std::string& text, const char* label, const Width<Number>& width)
 {
-    try {
-        return convert(leadingNumber(text));
-    } catch (const NumericOverflow& overflow) {
-        throw CommandFailure(std::string(label) + ", \"" + text + "\": " + overflow.what() + " Nothing was changed.");
-    }
+    const double value = leadingNumber(text);
+    if (const auto number = width.rounded(value)) return *number;
+    throw CommandFailure(std::string(label) + ", \"" + text + "\": " + width.overflow(value) + " Nothing was changed.");
 }
 
 } // namespace
@@ -79,15 +89,15 @@ bool Options::blankIsNumeric() const
 Options::Numbers Options::readNumbers() const
 {
     Numbers numbers;
-    numbers.date = numberIn(dateBox, "Date column", roundToInt16);
-    numbers.time = numberIn(timeBox, "Time column", roundToInt16);
+    numbers.date = numberIn(dateBox, "Date column", kInt16);
+    numbers.time = numberIn(timeBox, "Time column", kInt16);
     ZeroFlowSettings& zeroFlow = numbers.zeroFlow;
-    zeroFlow.vpdCol = numberIn(vpdBox, "VPD column", roundToInt16);
-    zeroFlow.parCol = numberIn(parBox, "PAR column", roundToInt16);
-    zeroFlow.lullTime = numberIn(timiBox, "Minimum time intervals", roundToInt32);
-    zeroFlow.vpdLimit = numberIn(VPDlBox, "VPD limit", toFloat32);
-    zeroFlow.parLimit = numberIn(PARlBox, "PAR limit", toFloat32);
-    static_cast<void>(numberIn(blankBox, "Number for missing values", roundToInt32));
+    zeroFlow.vpdCol = numberIn(vpdBox, "VPD column", kInt16);
+    zeroFlow.parCol = numberIn(parBox, "PAR column", kInt16);
+    zeroFlow.lullTime = numberIn(timiBox, "Minimum time intervals", kInt32);
+    zeroFlow.vpdLimit = numberIn(VPDlBox, "VPD limit", kFloat32);
+    zeroFlow.parLimit = numberIn(PARlBox, "PAR limit", kFloat32);
+    static_cast<void>(numberIn(blankBox, "Number for missing values", kInt32));
     return numbers;
 }
 

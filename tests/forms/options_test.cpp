@@ -303,5 +303,21 @@ TEST(OptionsFault, anEquationThatIsTooLongOnceRepairedIsRefused)
     EXPECT_TRUE(desk.options.cmdApplyCur_Click());
 }
 
+TEST(OptionsFault, aNumberThatDoesNotFitIsToldWithItsBoxAndItsRange)
+{
+    Desk desk;
+    desk.options.timiBox = "3e9";
+    EXPECT_EQ(desk.refused(), "Minimum time intervals, \"3e9\": The number 3000000000 is outside the range from "
+                              "-2147483648 to 2147483647. Nothing was changed.");
+    desk.options.timeBox = "40000";
+    EXPECT_EQ(desk.refused(), "Time column, \"40000\": The number 40000 is outside the range from -32768 to 32767. "
+                              "Nothing was changed.");
+    desk.options.timeBox = "2";
+    desk.options.timiBox = "4";
+    desk.options.PARlBox = "1e39";
+    EXPECT_EQ(desk.refused(),
+              "PAR limit, \"1e39\": The number 1E+39 is too large for a 32-bit number. Nothing was changed.");
+}
+
 } // namespace
 } // namespace tarvelint::test
