@@ -47,6 +47,12 @@ private:
     std::string m_firstText;
 };
 
+/// A failure whose text says which file it is about.
+class NamedFailure : public CommandFailure {
+public:
+    using CommandFailure::CommandFailure;
+};
+
 /// One file on its way through the program.
 class BatchRun {
 public:
@@ -87,9 +93,9 @@ void BatchRun::read()
     const MissingValues missing{m_options.blank, false, [this] { return m_options.blank; }};
     LoadedRecord loaded = readRecord(m_machine.files, m_options.input, m_options.inputType, missing, m_console);
     if (!loaded.layers.unconverted)
-        throw CommandFailure("The file " + m_options.input +
-                             " holds no unconverted layer, so there is nothing to convert. Save it with the "
-                             "unconverted data, or start from the logger's own file.");
+        throw NamedFailure("The file " + m_options.input +
+                           " holds no unconverted layer, so there is nothing to convert. Save it with the "
+                           "unconverted data, or start from the logger's own file.");
     if (!loaded.warning.empty()) m_console.say(loaded.warning);
     static_cast<DataSet&>(m_record) = std::move(loaded.data);
 }
@@ -170,8 +176,8 @@ void BatchRun::write()
         writeRecord(m_machine.files, m_options.output, m_options.outputType, m_record, m_options.choices,
                     {m_machine.style.longDate(), m_machine.style.grouping()}, m_console);
     } catch (const FileFailure& failure) {
-        throw CommandFailure("The file " + m_options.output + " cannot be written: " + failure.what() +
-                             ". What was there before is untouched.");
+        throw NamedFailure("The file " + m_options.output + " cannot be written: " + failure.what() +
+                           ". What was there before is untouched.");
     }
 }
 
@@ -196,15 +202,7 @@ void BatchRun::summarise(std::ostream& out) const
     for (std::size_t i = 0; i < counts.size(); ++i)
         out << printable(label(static_cast<std::int32_t>(i))) << ": " << summaryLine(counts[i]) << '\n';
     out.flush();
-    if (!out) throw CommandFailure("The summary cannot be written; the file " + m_options.output + " is complete.");
-}
-
-bool namesFile(const std::string& reason, const std::string& name)
-{
-    if (reason.starts_with(name + ": ") || reason.starts_with('"' + name + '"')) return true;
-    for (const char next : {' ', '.', ':'})
-        if (reason.find("file " + name + next) != std::string::npos) return true;
-    return false;
+    if (!out) throw NamedFailure("The summary cannot be written; the file " + m_options.output + " is complete.");
 }
 
 } // namespace
@@ -213,7 +211,6 @@ int runBatch(const BatchOptions& options, const BatchMachine& machine, std::ostr
              bool terminal)
 {
     Console console(err, machine.clock, terminal && !options.quiet);
-    std::string reason;
     try {
         BatchRun run(options, machine, console);
         run.read();
@@ -225,13 +222,15 @@ int runBatch(const BatchOptions& options, const BatchMachine& machine, std::ostr
         if (!options.quiet) run.summarise(out);
         return anyConverted ? kDone : kDataFault;
     } catch (const std::bad_alloc&) {
-        reason = "There is not enough memory for the file " + options.input + ".";
+        console.say("There is not enough memory for the file " + options.input + ".");
+    } catch (const NamedFault& fault) {
+        console.say(fault.what());
+    } catch (const NamedFailure& failure) {
+        console.say(failure.what());
     } catch (const std::exception& failure) {
-        reason = failure.what();
+        // A loop over many files has to tell which one it was.
+        console.say(options.input + ": " + failure.what());
     }
-    // Some reasons are fixed texts that name no file; a loop over many files has to tell which one it was.
-    const bool isNamed = namesFile(reason, options.input) || namesFile(reason, options.output);
-    console.say(isNamed ? reason : options.input + ": " + reason);
     return kDataFault;
 }
 

@@ -122,7 +122,7 @@ FileHeader DataFileReader::parseNamed(std::string_view firstLine) const
     try {
         return parseHeader(firstLine, m_delimiter);
     } catch (const HeaderValueFault& unusable) {
-        throw FormatFault(m_name + ": " + unusable.what());
+        throw NamedFault(m_name + ": " + unusable.what());
     }
 }
 
@@ -249,9 +249,9 @@ LineReader& DataFileReader::lines()
     return *m_lines;
 }
 
-FormatFault DataFileReader::fault(const std::string& what) const
+NamedFault DataFileReader::fault(const std::string& what) const
 {
-    return FormatFault('"' + m_name + "\" " + what);
+    return NamedFault('"' + m_name + "\" " + what);
 }
 
 } // namespace tarvelint

@@ -68,7 +68,7 @@ private:
     void storeMissingRows(int layer, std::int32_t fromRow);
     void fillRow(std::int32_t row, bool fillBase, bool fillOut);
     LineReader& lines();
-    [[nodiscard]] FormatFault fault(const std::string& what) const;
+    [[nodiscard]] NamedFault fault(const std::string& what) const;
 
     std::istream& m_stream;
     std::string m_name;

@@ -47,6 +47,12 @@ private:
     std::string m_title;
 };
 
+/// A fault whose text says which file it is in.
+class NamedFault : public FormatFault {
+public:
+    using FormatFault::FormatFault;
+};
+
 /// A count or missing value of a header that cannot be used; the text does not name the file.
 class HeaderValueFault : public FormatFault {
 public:

@@ -133,7 +133,7 @@ bool LineReader::refill()
 
 void LineReader::fail(const std::string& what) const
 {
-    throw FormatFault('"' + m_name + "\" " + what + '.');
+    throw NamedFault('"' + m_name + "\" " + what + '.');
 }
 
 std::string LineReader::currentLine() const

@@ -32,9 +32,9 @@ LoadedRecord readRecord(Files& files, const std::string& path, FileType type, co
     try {
         stream = files.openForReading(path);
     } catch (const FileFailure& failure) {
-        throw FormatFault("The file " + path + " cannot be opened: " + failure.what() +
-                              ". Check its name and permissions, or choose another file.",
-                          "Error reading file:");
+        throw NamedFault("The file " + path + " cannot be opened: " + failure.what() +
+                             ". Check its name and permissions, or choose another file.",
+                         "Error reading file:");
     }
     LoadedRecord loaded;
     loaded.data.blank = missing.blank;

@@ -189,6 +189,16 @@ TEST_F(BatchRun, aFileNameOfOneLetterStandsInItsMessage)
     EXPECT_EQ(err.str(), "tarvelint-batch: a: no U-B-C info in the header!\n");
 }
 
+TEST_F(BatchRun, aFileNamedLikeAWordOfTheMessageStandsInFrontOfIt)
+{
+    options.input = "has";
+    files.contents["has"] = twoNights(',');
+    options.vpdColumn = 11;
+    EXPECT_EQ(run(), kDataFault);
+    EXPECT_EQ(err.str(), "tarvelint-batch: has: The VPD column \"11\" does not exist: the file has 6 columns. Type a "
+                         "number from 1 to 6.\n");
+}
+
 TEST_F(BatchRun, whatWouldSteerATerminalIsTakenOutOfLabels)
 {
     std::string& text = files.contents["in.csv"];
