@@ -5,6 +5,11 @@
 
 namespace tarvelint {
 
+bool countsAsTyping(BoxKey key)
+{
+    return key == BoxKey::enter || key == BoxKey::backspace || key == BoxKey::deleteKey;
+}
+
 void DisplayControls::viewButton_Click()
 {
     const bool toInput = m_view.curLayer != kUnconverted;

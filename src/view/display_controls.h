@@ -5,6 +5,13 @@
 
 namespace tarvelint {
 
+/// A key pressed in a box, as far as rules tell keys apart.
+enum class BoxKey { enter, backspace, deleteKey, escape, tab, other };
+
+/// Whether a key pressed in a range box counts as typing even where it changes nothing. Other keys do not: what
+/// they change in the text tells so itself, and Tab and Ctrl+C, which carry a text too, change none.
+[[nodiscard]] bool countsAsTyping(BoxKey key);
+
 /// The controls around the plot areas that say which layer and which range are shown. A `Change` or `KeyUp` handler
 /// finds what the user typed already in its box's text. Areas are numbered 0 (main) and 1 (companion).
 class DisplayControls {

@@ -71,6 +71,12 @@ TEST(RangeControls, checkingAutoAgainOverwritesBothBoxesWithTheVisibleExtremes)
     EXPECT_EQ(panel.text(Control::minLabel0), "7.0000");
 }
 
+TEST(RangeControls, enterAndTheKeysThatDeleteCountAsTypingAndNoOtherKeyDoes)
+{
+    for (const BoxKey key : {BoxKey::enter, BoxKey::backspace, BoxKey::deleteKey}) EXPECT_TRUE(countsAsTyping(key));
+    for (const BoxKey key : {BoxKey::escape, BoxKey::tab, BoxKey::other}) EXPECT_FALSE(countsAsTyping(key));
+}
+
 TEST(RangeControls, anyKeyInARangeBoxTurnsAutoOffForItsAreaOnly)
 {
     Panel panel;

@@ -14,11 +14,27 @@
 #include <QWindow>
 #include <QWindowStateChangeEvent>
 
-#include <algorithm>
-#include <array>
 #include <utility>
 
 namespace tarvelint {
+
+namespace {
+
+BoxKey boxKeyOf(const QKeyEvent& event)
+{
+    switch (event.key()) {
+    case Qt::Key_Return:
+    case Qt::Key_Enter: return BoxKey::enter;
+    case Qt::Key_Backspace: return BoxKey::backspace;
+    case Qt::Key_Delete: return BoxKey::deleteKey;
+    case Qt::Key_Escape: return BoxKey::escape;
+    case Qt::Key_Tab:
+    case Qt::Key_Backtab: return BoxKey::tab;
+    default: return BoxKey::other;
+    }
+}
+
+} // namespace
 
 FrmMain::FrmMain(const Environment& environment, const StringTable& table, WindowList& windows)
     : m_toolkit(*this, windows), m_core(m_toolkit, m_toolkit, environment, windows), m_form(table), m_windows(windows)
@@ -261,14 +277,12 @@ bool FrmMain::eventFilter(QObject* watched, QEvent* event)
 
 bool FrmMain::takeKey(const QLineEdit& box, const QKeyEvent& key)
 {
-    if (key.key() == Qt::Key_Escape) {
+    const BoxKey pressed = boxKeyOf(key);
+    if (pressed == BoxKey::escape) {
         m_toolkit.focus(Control::Picture1_0);
         return true;
     }
-    // What changes the text tells so itself. These count even where there is nothing to change, unlike Tab and Ctrl+C,
-    // whose events carry a text too.
-    constexpr std::array kTyping{Qt::Key_Return, Qt::Key_Enter, Qt::Key_Backspace, Qt::Key_Delete};
-    if (std::ranges::find(kTyping, key.key()) != kTyping.end()) keyInBox(box);
+    if (countsAsTyping(pressed)) keyInBox(box);
     return false;
 }
 
