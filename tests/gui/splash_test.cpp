@@ -110,6 +110,28 @@ private Q_SLOTS:
         QCOMPARE(dismissed.count(), 1);
     }
 
+    void theButtonAsksForTheDataWindowAtStartUpAndOnlyClosesTheAboutBox_data()
+    {
+        QTest::addColumn<QString>("tag");
+        QTest::addColumn<int>("dataWindows");
+        QTest::newRow("start-up") << QString() << 1;
+        QTest::newRow("about box") << QStringLiteral("1") << 0;
+    }
+    void theButtonAsksForTheDataWindowAtStartUpAndOnlyClosesTheAboutBox()
+    {
+        QFETCH(const QString, tag);
+        FrmSplash splash(StringTable{}, QStringLiteral("1.2.3"));
+        splash.tagText = tag;
+        const QSignalSpy wanted(&splash, &FrmSplash::mainFormWanted);
+        const QSignalSpy dismissed(&splash, &FrmSplash::dismissed);
+        splash.show();
+        QVERIFY(QTest::qWaitForWindowExposed(&splash));
+        click(splash, "Command1");
+        QVERIFY(!splash.isVisible());
+        QTEST(int(wanted.count()), "dataWindows");
+        QCOMPARE(dismissed.count(), 1);
+    }
+
     void theProgramBringsTextsForEveryAboutNumberAndAnIconInEverySize()
     {
         useProgramResources();

@@ -250,6 +250,24 @@ private Q_SLOTS:
         QVERIFY(desk.form->isVisible());
     }
 
+    void theAboutBoxsButtonBringsNoDataWindowOnceTheProgramRuns()
+    {
+        const QTemporaryDir home;
+        QSettings::setPath(QSettings::IniFormat, QSettings::UserScope, home.path());
+        StartUp startUp;
+        startUp.Main();
+        startUp.showMainForm();
+        MainForm& first = startUp.windows().mainWindows().front()->form();
+        QVERIFY(QTest::qWaitForWindowExposed(&first));
+        MainForm& second = startUp.windows().create().form(); // hidden, as the first was behind the splash
+        first.findChild<QAction*>(QStringLiteral("mnuHelpAbout"))->trigger();
+        auto* about = first.findChild<FrmSplash*>();
+        QTest::mouseClick(about->findChild<QPushButton*>(QStringLiteral("Command1")), Qt::LeftButton);
+        QTRY_VERIFY(!first.findChild<FrmSplash*>());
+        QVERIFY(first.isVisible() && !second.isVisible());
+        QCOMPARE(startUp.windows().mainWindows().size(), std::size_t{2});
+    }
+
     void aSettingsFileThatCannotBeReadIsToldOnce()
     {
         const QTemporaryDir home;

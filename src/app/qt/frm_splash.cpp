@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/qt/frm_splash.h"
 
+#include "app/splash.h"
 #include "data/file_format.h"
 
 #include <QFrame>
@@ -161,6 +162,7 @@ void FrmSplash::done(int result)
 {
     const QPointer<FrmSplash> alive(this);
     QDialog::done(result);
+    if (alive && showsMainForm(tagText.toStdString())) Q_EMIT mainFormWanted();
     if (alive) Q_EMIT dismissed();
 }
 

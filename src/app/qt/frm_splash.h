@@ -24,13 +24,15 @@ public:
     /// @param version  "major.minor.revision" of the build
     FrmSplash(const StringTable& table, const QString& version, QWidget* parent = nullptr);
 
-    /// How it was opened: empty at start-up, "1" while it is the about box.
+    /// How it was opened: empty at start-up, `kAboutTag` while it is the about box. It decides what leaving does.
     QString tagText;
 
-    /// Any way of leaving: the button, Esc, or the frame's close button. Emits `dismissed` once hidden.
+    /// Any way of leaving: the button, Esc, or the frame's close button. Once hidden it emits `mainFormWanted` at
+    /// start-up, and then `dismissed`.
     void done(int result) override;
 
 Q_SIGNALS:
+    void mainFormWanted();
     void dismissed();
 
 private:

@@ -28,7 +28,7 @@ StartUp::StartUp() : m_windows({m_settings, m_style, m_files, m_clock}, m_table)
 void StartUp::Main()
 {
     m_splash = new FrmSplash(m_table, QStringLiteral(TARVELINT_VERSION));
-    connect(m_splash, &FrmSplash::dismissed, this, &StartUp::showMainForm);
+    connect(m_splash, &FrmSplash::mainFormWanted, this, &StartUp::showMainForm);
     m_windows.opened(m_splash);
     m_splash->show();
     m_splash->repaint();

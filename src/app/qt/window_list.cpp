@@ -3,6 +3,7 @@
 
 #include "app/qt/frm_main.h"
 #include "app/qt/frm_splash.h"
+#include "app/splash.h"
 #include "dialogs/options_dialog.h"
 
 #include <algorithm>
@@ -115,7 +116,7 @@ void WindowList::closed(FrmMain* window)
 void WindowList::showAbout(QWidget& over)
 {
     auto* about = new FrmSplash(m_table, QStringLiteral(TARVELINT_VERSION), &over);
-    about->tagText = QStringLiteral("1");
+    about->tagText = QString::fromUtf8(kAboutTag.data(), static_cast<qsizetype>(kAboutTag.size()));
     about->setWindowModality(Qt::WindowModal);
     connect(about, &FrmSplash::dismissed, about, &QObject::deleteLater);
     opened(about);
