@@ -15,6 +15,7 @@ using testing::Each;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsEmpty;
+using testing::ThrowsMessage;
 
 // ---- files without header
 
@@ -366,6 +367,18 @@ TEST(OddFiles, whatTheProgressThrowsPassesThrough)
     DataSet data;
     DataFileReader reader(stream, "record.csv", ',', data, progress, [] { return 0; });
     EXPECT_THROW(reader.load(), std::out_of_range);
+}
+
+TEST(OddFiles, moreRowsThan32BitsCountNameTheFile)
+{
+    // Rows are counted from far above the only line, which makes it the last of 2^31 - 1 and then of 2^31.
+    Reading reading("1\n");
+    reading.data.columns = 1;
+    EXPECT_THROW(reading.reader.readFile(0, -2147483646, false, false), std::bad_alloc); // counted, if not believed
+    EXPECT_EQ(std::exchange(reading.data.lines, 0), 2147483647);
+    EXPECT_THAT([&] { reading.reader.readFile(0, -2147483647, false, false); },
+                ThrowsMessage<NamedFault>(
+                    "\"record.csv\" has 2147483648 rows, and 2,147,483,647 is the most. Split the file."));
 }
 
 TEST(OddFiles, aHeaderlessRecordIsReadTwiceAndNotHeld)

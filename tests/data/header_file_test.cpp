@@ -197,6 +197,18 @@ TEST(WithHeader, theHeadersFaultsComeThrough)
     EXPECT_THAT(refusal(header("unconverted", 40000, 1) + "a\n1\n"), HasSubstr("number of columns"));
 }
 
+TEST(WithHeader, ofATextThatCannotBeUsed40CharactersAreShown)
+{
+    const auto refused = [](std::size_t length) {
+        const std::string blank = "blank='" + std::string(length, '9') + '\'';
+        return refusal(header("unconverted", 1, 1, "with labels", blank) + "a\n1\n");
+    };
+    const std::string shown(40, '9');
+    EXPECT_THAT(refused(40), HasSubstr("record.csv: The missing value in the header, \"" + shown + "\", is neither"));
+    EXPECT_THAT(refused(41),
+                HasSubstr("record.csv: The missing value in the header, \"" + shown + "...\", is neither"));
+}
+
 TEST(WithHeader, moreRowsThanTheFileHasBytesNameTheFile)
 {
     EXPECT_THAT(refusal(header("unconverted", 1, 2000000000) + "a\n1\n"),

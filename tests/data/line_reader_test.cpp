@@ -312,6 +312,31 @@ TEST(LineReader, aReadErrorIsAFaultThatNamesTheFile)
     EXPECT_THAT(refusalOfLines(stream), HasSubstr("|\"record.csv\" cannot be read: the system reports an error"));
 }
 
+/// A file that is back at its start so many times, and then no more.
+class RewindsOften : public std::stringbuf {
+public:
+    RewindsOften(const std::string& text, int times) : std::stringbuf(text), m_left(times) {}
+
+private:
+    std::streampos seekpos(std::streampos position, std::ios::openmode mode) override
+    {
+        return m_left-- > 0 ? std::stringbuf::seekpos(position, mode) : std::streampos(-1);
+    }
+    int m_left;
+};
+
+TEST(LineReader, aStreamThatDoesNotGoBackIsAFaultWhereverThatHappens)
+{
+    // For the kind of line end, for the top, for the first line after it, and for the rows once they are counted.
+    constexpr int kTimes = 4;
+    for (int times = 0; times <= kTimes; ++times) {
+        RewindsOften file("Day,S1\n1,2\n3,4\n", times);
+        std::istream stream(&file);
+        EXPECT_EQ(refusal(stream),
+                  times < kTimes ? "\"record.csv\" cannot be read: the system does not go back to its start." : "");
+    }
+}
+
 TEST(LineReader, aStreamWithoutPositionsCannotBeRead)
 {
     struct Pipe : std::streambuf {
