@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "baseline/zero_flow.h"
 
+#include "support/grid.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -30,11 +32,7 @@ public:
 
     explicit Flagged(const std::vector<Column>& columns)
     {
-        record.allocate(static_cast<std::int16_t>(columns.size()),
-                        columns.empty() ? 0 : static_cast<std::int32_t>(columns.front().size()));
-        for (std::int32_t c = 0; c < record.columns; ++c)
-            for (std::int32_t r = 0; r < record.lines; ++r)
-                record.values(kUnconverted, c, r) = columns[static_cast<std::size_t>(c)][static_cast<std::size_t>(r)];
+        setReadings(record, columns);
         record.lullFlags.assign(static_cast<std::size_t>(record.lines), true);
     }
     void flagOnly(const Rows& rows)
@@ -54,12 +52,7 @@ public:
             if (sensors.isPoint(sensor, r)) rows.push_back(r);
         return rows;
     }
-    [[nodiscard]] Column baseline(std::int32_t column) const
-    {
-        Column cells;
-        for (std::int32_t r = 0; r < record.lines; ++r) cells.push_back(record.values(kBaseline, column, r));
-        return cells;
-    }
+    [[nodiscard]] Column baseline(std::int32_t column) const { return columnOf(record, kBaseline, column); }
     [[nodiscard]] Rows sensorCols() const
     {
         Rows columns;

@@ -3,7 +3,7 @@
 
 #include "app/shell_window.h"
 #include "batch/console.h"
-#include "support/doubles.h"
+#include "batch_bench.h"
 
 #include <gtest/gtest.h>
 
@@ -36,14 +36,8 @@ std::string twoNights(char delimiter)
     return text;
 }
 
-class BatchRun : public testing::Test {
+class BatchRun : public BatchBench {
 protected:
-    MemorySettings settings;
-    FixedStyle style;
-    MemoryFiles files;
-    ManualClock clock;
-    std::ostringstream out;
-    std::ostringstream err;
     BatchOptions options;
 
     BatchRun()
@@ -53,16 +47,13 @@ protected:
         options.output = "out.csv";
         options.vpdColumn = 4;
     }
-    int run(bool terminal = false) { return runBatch(options, {files, style, clock}, out, err, terminal); }
+    int run(bool terminal = false) { return BatchBench::run(options, terminal); }
     [[nodiscard]] const std::string& written() { return files.contents["out.csv"]; }
 
     /// Runs the two nights with these arguments besides; the summary.
     std::string summaryWith(const std::vector<const char*>& more, ExitStatus expected = kDone)
     {
-        std::vector<const char*> arguments{"tarvelint-batch", "in.csv", "-o", "out.csv", "--vpd-column", "4"};
-        arguments.insert(arguments.end(), more.begin(), more.end());
-        const auto line = parseCommandLine(static_cast<int>(arguments.size()), arguments.data(), out, err);
-        options = line.options.value_or(BatchOptions{});
+        options = optionsOf({"--vpd-column", "4"}, more).value_or(BatchOptions{});
         out.str({});
         EXPECT_EQ(run(), expected) << err.str();
         return out.str();

@@ -1,8 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "batch/batch_run.h"
 
-#include "batch/options.h"
-#include "support/doubles.h"
+#include "batch_bench.h"
 
 #include <gtest/gtest.h>
 
@@ -12,14 +11,8 @@ namespace tarvelint::test {
 namespace {
 
 /// PAR, VPD and a sensor over two nights; points come to rows 5 and 39, so rows 5 to 39 have a baseline.
-class EquationRun : public testing::Test {
+class EquationRun : public BatchBench {
 protected:
-    MemorySettings settings;
-    FixedStyle style;
-    MemoryFiles files;
-    ManualClock clock;
-    std::ostringstream out;
-    std::ostringstream err;
     bool onTerminal = false;
     ExitStatus expected = kDone;
 
@@ -41,12 +34,9 @@ protected:
     }
     std::string fileOf(const std::vector<const char*>& more)
     {
-        std::vector<const char*> arguments{"tarvelint-batch", "in.csv", "-o",           "out.csv", "--vpd-column", "2",
-                                           "--par-column",    "1",      "--parameters", "1,2"};
-        arguments.insert(arguments.end(), more.begin(), more.end());
-        const auto line = parseCommandLine(static_cast<int>(arguments.size()), arguments.data(), out, err);
-        if (!line.options) return {};
-        EXPECT_EQ(runBatch(*line.options, {files, style, clock}, out, err, onTerminal), expected) << err.str();
+        const auto options = optionsOf({"--vpd-column", "2", "--par-column", "1", "--parameters", "1,2"}, more);
+        if (!options) return {};
+        EXPECT_EQ(BatchBench::run(*options, onTerminal), expected) << err.str();
         return files.contents["out.csv"];
     }
 };

@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <numeric>
+#include <utility>
 
 namespace tarvelint::test {
 namespace {

@@ -3,6 +3,7 @@
 
 #include "data/data_file_reader.h"
 #include "data/data_file_writer.h"
+#include "support/grid.h"
 
 #include <algorithm>
 #include <cstring>
@@ -50,14 +51,6 @@ inline DataSet settings(std::int32_t blank, bool zeroOut = false)
 inline LayerSet layersOf(int code)
 {
     return {.unconverted = (code & 4) != 0, .baseline = (code & 2) != 0, .converted = (code & 1) != 0};
-}
-
-/// One layer of one column, top to bottom.
-inline Column columnOf(const DataSet& data, int layer, std::int32_t column0)
-{
-    Column cells;
-    for (std::int32_t r = 0; r < data.lines; ++r) cells.push_back(data.values(layer, column0, r));
-    return cells;
 }
 
 /// One layer of one row, left to right.

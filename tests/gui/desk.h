@@ -7,6 +7,7 @@
 #include "app/qt/window_list.h"
 #include "machine/files.h"
 #include "support/doubles.h"
+#include "when_shown.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -81,16 +82,11 @@ public:
     }
     void onBox(std::function<void(QMessageBox&)> play)
     {
-        auto* timer = new QTimer(this);
-        QObject::connect(timer, &QTimer::timeout, this, [this, timer, play = std::move(play)] {
-            auto* box = form ? form->findChild<QMessageBox*>(QStringLiteral("messageBox")) : nullptr;
-            if (!box || !box->isVisible()) return;
-            timer->stop();
-            title = box->windowTitle();
-            said = box->text();
-            play(*box);
+        whenShown<QMessageBox>(*form, "messageBox", [this, play = std::move(play)](QMessageBox& box) {
+            title = box.windowTitle();
+            said = box.text();
+            play(box);
         });
-        timer->start(5);
     }
 
     void chooseFile(const std::string& path, FileType type = FileType::comma)

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "dialogs/file_dialogs.h"
 #include "dialogs/save_contents_dialog.h"
+#include "when_shown.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -22,26 +23,6 @@ namespace tarvelint::test {
 
 namespace {
 
-/// Plays the user once a child of `parent` is on the screen.
-template <class Widget>
-void whenShown(QWidget& parent, const char* name, std::function<void(Widget&)> play)
-{
-    auto* timer = new QTimer(&parent);
-    timer->setInterval(5);
-    QObject::connect(timer, &QTimer::timeout, timer, [&parent, timer, name, play] {
-        auto* widget = parent.findChild<Widget*>(QString::fromLatin1(name));
-        if (widget == nullptr || !widget->isVisible()) return;
-        timer->stop();
-        play(*widget);
-    });
-    timer->start();
-}
-
-void click(QWidget& dialog, const char* button)
-{
-    QTest::mouseClick(dialog.findChild<QPushButton*>(QString::fromLatin1(button)), Qt::LeftButton);
-}
-
 FileDialog openDialog(FileType selected = FileType::space, const char* title = "Open")
 {
     return {title,
@@ -56,12 +37,6 @@ void writeFile(const QString& path)
     QFile file(path);
     QVERIFY(file.open(QIODevice::WriteOnly));
     file.write("1,2\n");
-}
-
-void typeName(QFileDialog& box, const QString& name)
-{
-    box.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(name);
-    QMetaObject::invokeMethod(&box, "accept", Qt::QueuedConnection);
 }
 
 QCheckBox& box(QWidget& dialog, const char* name)

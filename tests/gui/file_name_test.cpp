@@ -25,16 +25,10 @@ const QChar kReplacement = QChar::ReplacementCharacter;
 void typeNameInFileDialog(Desk& desk, const QString& name, QString* start = nullptr)
 {
     desk.toolkit().askForFile = askForFile;
-    auto* timer = new QTimer(&desk);
-    QObject::connect(timer, &QTimer::timeout, &desk, [&desk, timer, name, start] {
-        auto* dialog = desk.form->findChild<QFileDialog*>(QStringLiteral("fileDialog"));
-        if (!dialog || !dialog->isVisible()) return;
-        timer->stop();
-        if (start) *start = dialog->directory().absolutePath();
-        dialog->findChild<QLineEdit*>(QStringLiteral("fileNameEdit"))->setText(name);
-        QMetaObject::invokeMethod(dialog, "accept", Qt::QueuedConnection);
+    whenShown<QFileDialog>(*desk.form, "fileDialog", [name, start](QFileDialog& dialog) {
+        if (start) *start = dialog.directory().absolutePath();
+        typeName(dialog, name);
     });
-    timer->start(5);
 }
 
 void acceptContents(Desk& desk)

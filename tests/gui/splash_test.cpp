@@ -1,5 +1,6 @@
 // SPDX-License-Identifier: MIT
 #include "app/qt/frm_splash.h"
+#include "when_shown.h"
 
 #include <QFile>
 #include <QFrame>
@@ -14,11 +15,6 @@
 namespace tarvelint::test {
 
 namespace {
-
-void click(QWidget& dialog, const char* button)
-{
-    QTest::mouseClick(dialog.findChild<QPushButton*>(QString::fromLatin1(button)), Qt::LeftButton);
-}
 
 /// The string table with an organisation's texts.
 StringTable tableWith(const char* lines)

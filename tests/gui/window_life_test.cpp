@@ -215,10 +215,7 @@ private Q_SLOTS:
         const double flux = desk.core().record.values(kConverted, kS1, 700);
         const QString path = desk.folder.filePath(QStringLiteral("flux.csv"));
         desk.chooseFile(path.toStdString());
-        QTimer::singleShot(0, desk.form, [&] {
-            QTest::mouseClick(desk.find("FileTypeFrm")->findChild<QPushButton*>(QStringLiteral("OKButton")),
-                              Qt::LeftButton);
-        });
+        QTimer::singleShot(0, desk.form, [&] { click(*desk.find("FileTypeFrm"), "OKButton"); });
         desk.entry("mnuFileSave")->trigger();
         QVERIFY(QFile::exists(path));
         QVERIFY(desk.core().record.saveCheck);
@@ -262,7 +259,7 @@ private Q_SLOTS:
         MainForm& second = startUp.windows().create().form(); // hidden, as the first was behind the splash
         first.findChild<QAction*>(QStringLiteral("mnuHelpAbout"))->trigger();
         auto* about = first.findChild<FrmSplash*>();
-        QTest::mouseClick(about->findChild<QPushButton*>(QStringLiteral("Command1")), Qt::LeftButton);
+        click(*about, "Command1");
         QTRY_VERIFY(!first.findChild<FrmSplash*>());
         QVERIFY(first.isVisible() && !second.isVisible());
         QCOMPARE(startUp.windows().mainWindows().size(), std::size_t{2});
@@ -277,14 +274,10 @@ private Q_SLOTS:
         startUp.Main();
         MainForm* first = &startUp.windows().mainWindows().front()->form();
         QString said;
-        QTimer watch;
-        connect(&watch, &QTimer::timeout, first, [&] {
-            auto* box = first->findChild<QMessageBox*>(QStringLiteral("messageBox"));
-            if (!box) return;
-            said = box->text();
-            box->accept();
+        whenShown<QMessageBox>(*first, "messageBox", [&](QMessageBox& box) {
+            said = box.text();
+            box.accept();
         });
-        watch.start(5);
         startUp.showMainForm();
         QVERIFY2(said.contains(QStringLiteral("Tarvelint.ini")), qPrintable(said));
     }

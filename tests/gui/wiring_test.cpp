@@ -56,10 +56,7 @@ private:
 /// Presses OK in the save-contents dialog as soon as it is there.
 void confirmContents(Desk& desk)
 {
-    QTimer::singleShot(0, desk.form, [&desk] {
-        QTest::mouseClick(desk.find("FileTypeFrm")->findChild<QPushButton*>(QStringLiteral("OKButton")),
-                          Qt::LeftButton);
-    });
+    QTimer::singleShot(0, desk.form, [&desk] { click(*desk.find("FileTypeFrm"), "OKButton"); });
 }
 
 /// Names of the menu entries that can be chosen, in the order of the menus.
@@ -191,9 +188,7 @@ private Q_SLOTS:
         SensorDesk desk;
         auto* dialog = desk.find<QDialog>("labelForm");
         desk.entry("mnuViewLabels")->trigger();
-        desk.command([&] {
-            QTest::mouseClick(dialog->findChild<QPushButton*>(QStringLiteral("CancelButton")), Qt::LeftButton);
-        });
+        desk.command([&] { click(*dialog, "CancelButton"); });
         QVERIFY(!dialog->isVisible());
     }
 

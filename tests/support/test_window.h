@@ -2,6 +2,7 @@
 #pragma once
 
 #include "support/doubles.h"
+#include "support/grid.h"
 #include "window/window.h"
 
 #include <string>
@@ -41,19 +42,10 @@ public:
     void choose(std::int32_t column0) { view.chosenColumn[0] = column0; }
 
     /// Columns of readings (layer 1), all of one length; baseline and converted start as 0.
-    void setReadings(const std::vector<std::vector<double>>& columns)
-    {
-        record.allocate(static_cast<std::int16_t>(columns.size()),
-                        columns.empty() ? 0 : static_cast<std::int32_t>(columns.front().size()));
-        for (std::int32_t c = 0; c < record.columns; ++c)
-            for (std::int32_t r = 0; r < record.lines; ++r)
-                record.values(kUnconverted, c, r) = columns[static_cast<std::size_t>(c)][static_cast<std::size_t>(r)];
-    }
+    void setReadings(const std::vector<std::vector<double>>& columns) { test::setReadings(record, columns); }
     [[nodiscard]] std::vector<double> column(int layer, std::int32_t column0) const
     {
-        std::vector<double> cells;
-        for (std::int32_t r = 0; r < record.lines; ++r) cells.push_back(record.values(layer, column0, r));
-        return cells;
+        return columnOf(record, layer, column0);
     }
 
 private:
