@@ -163,4 +163,11 @@ std::int32_t getBase(Record& record, Sensors& sensors, const std::function<void(
     return placed;
 }
 
+std::int32_t layBaselines(Record& record, Sensors& sensors, const ZeroFlowSettings& settings,
+                          const std::function<void(const char*)>& status)
+{
+    preProcess(record, settings);
+    return getBase(record, sensors, status);
+}
+
 } // namespace tarvelint

@@ -22,4 +22,9 @@ void preProcess(DataSet& data, const ZeroFlowSettings& settings);
 /// @return how many points were placed, over all sensors
 std::int32_t getBase(Record& record, Sensors& sensors, const std::function<void(const char*)>& status);
 
+/// Finds zero flow, and lays the baselines on it: `preProcess`, then `getBase`.
+/// @return how many points were placed, over all sensors
+std::int32_t layBaselines(Record& record, Sensors& sensors, const ZeroFlowSettings& settings,
+                          const std::function<void(const char*)>& status);
+
 } // namespace tarvelint

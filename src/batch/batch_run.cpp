@@ -6,6 +6,7 @@
 #include "batch/console.h"
 #include "batch/sensor_report.h"
 #include "data/numbers.h"
+#include "equation/convert_cell.h"
 #include "equation/equation.h"
 #include "equation/validator.h"
 #include "forms/zero_flow_faults.h"
@@ -74,7 +75,7 @@ private:
     /// A column counted from 1, counted from 0. @throws CommandFailure when the record does not have it
     [[nodiscard]] std::int16_t existing(std::int16_t column1, const char* what) const;
     void announceEquation();
-    void convertCell(Equation& equation, std::int32_t column, std::int32_t row, FaultCount& faults);
+    void convertSensor(Equation& equation, std::int32_t column, std::int32_t row, FaultCount& faults);
     [[nodiscard]] const std::string& label(std::int32_t sensor) const
     {
         return m_record.labels[static_cast<std::size_t>(m_sensors.column(sensor))];
@@ -122,8 +123,8 @@ void BatchRun::layBaselines()
     m_zeroFlow.vpdCol = existing(m_options.vpdColumn, "VPD");
     m_zeroFlow.parCol = existing(m_options.parColumn, "PAR");
     if (m_record.sensorColumns().empty()) throw noSensorColumn();
-    preProcess(m_record, m_zeroFlow);
-    static_cast<void>(getBase(m_record, m_sensors, [this](const char* text) { m_console.status(text); }));
+    static_cast<void>(
+        tarvelint::layBaselines(m_record, m_sensors, m_zeroFlow, [this](const char* text) { m_console.status(text); }));
 }
 
 /// What the user should know about an equation that is not taken as it was typed, or not as it was meant.
@@ -150,7 +151,7 @@ void BatchRun::convert()
     for (std::int32_t row = 0; row < m_record.lines; ++row) {
         for (std::size_t i = 0; i < laid.size(); ++i)
             if (row >= laid[i].first && row <= laid[i].last)
-                convertCell(equation, m_sensors.column(static_cast<std::int32_t>(i)), row, faults[i]);
+                convertSensor(equation, m_sensors.column(static_cast<std::int32_t>(i)), row, faults[i]);
         m_console.row(row + 1);
     }
     for (std::int32_t sensor = 0; sensor < m_sensors.count(); ++sensor) {
@@ -159,14 +160,13 @@ void BatchRun::convert()
     }
 }
 
-void BatchRun::convertCell(Equation& equation, std::int32_t column, std::int32_t row, FaultCount& faults)
+void BatchRun::convertSensor(Equation& equation, std::int32_t column, std::int32_t row, FaultCount& faults)
 {
-    const double base = m_record.values(kBaseline, column, row);
-    if (m_record.isBlank(base)) return;
+    if (!hasBaseline(m_record, column, row)) return;
     faults.row = row;
-    const double reading = m_record.values(kUnconverted, column, row);
     const ConversionRule rule{m_options.baselineIsHigh, m_record.blank};
-    m_record.values(kConverted, column, row) = m_record.storable(equation.evaluate(reading, base, rule, faults));
+    convertCell(m_record, column, row,
+                [&](double reading, double baseline) { return equation.evaluate(reading, baseline, rule, faults); });
 }
 
 void BatchRun::write()

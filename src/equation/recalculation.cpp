@@ -2,6 +2,7 @@
 #include "equation/recalculation.h"
 
 #include "equation/conversion.h"
+#include "equation/convert_cell.h"
 #include "equation/row_converter.h"
 #include "window/window.h"
 
@@ -39,8 +40,7 @@ void Recalculation::convertAllColumns()
 bool Recalculation::convertColumn(RowConverter& converter, std::int32_t column)
 {
     for (std::int32_t row = 0; row < m_record.lines; ++row) {
-        if (m_record.isBlank(m_record.values(kBaseline, column, row))) continue;
-        if (!converter.convertRow(column, row)) return false;
+        if (hasBaseline(m_record, column, row) && !converter.convertRow(column, row)) return false;
     }
     return true;
 }

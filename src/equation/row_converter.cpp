@@ -2,6 +2,7 @@
 #include "equation/row_converter.h"
 
 #include "data/file_format.h"
+#include "equation/convert_cell.h"
 #include "window/window.h"
 
 namespace tarvelint {
@@ -13,9 +14,9 @@ bool RowConverter::convertRow(std::int32_t column, std::int32_t row)
     Record& record = m_window.record;
     if (record.saveCheck) m_window.markChanged(); // at once: a loop that is given up half-way has changed data too
     m_row = row;
-    const double converted = convert(m_window.conversionSettings.equation, record.values(kUnconverted, column, row),
-                                     record.values(kBaseline, column, row));
-    record.values(kConverted, column, row) = record.storable(converted);
+    convertCell(record, column, row, [this](double reading, double baseline) {
+        return convert(m_window.conversionSettings.equation, reading, baseline);
+    });
     if (m_breather.isDue()) m_breather.breathe();
     return !m_isStopped;
 }

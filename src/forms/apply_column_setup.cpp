@@ -17,8 +17,7 @@ void applyPreProcess(Window& window, const ZeroFlowSettings& zeroFlow)
     window.setPointer(Pointer::hourglass);
     window.setEnabled(Control::mnuToolsMode, false);
     window.conversionSettings.zeroFlow = zeroFlow;
-    preProcess(window.record, zeroFlow);
-    const std::int32_t placed = getBase(window.record, window.sensors, [&window](const char* text) {
+    const std::int32_t placed = layBaselines(window.record, window.sensors, zeroFlow, [&window](const char* text) {
         window.setStatus(1, text);
         window.ui.paintStatus();
     });

@@ -206,6 +206,19 @@ TEST(GetBase, countsThePointsOfAllSensors)
     EXPECT_EQ(window.getBase(), 0);
 }
 
+TEST(LayBaselines, placesThePointsInTheLullsItFindsFirst)
+{
+    Record record;
+    Sensors sensors;
+    setReadings(record, {{9, 0, 0, 0}, {9, 0, 0, 0}, {5, 5, 6, 5}});
+    record.parameters = {true, true, false};
+    ZeroFlowSettings settings{.vpdCol = 0, .parCol = 1};
+    settings.lullTime = 0;
+    // Row 1 opens the lull, rows 2 and 3 are flagged; the data end within reach, so the point goes to the last row.
+    EXPECT_EQ(layBaselines(record, sensors, settings, [](const char*) {}), 1);
+    EXPECT_TRUE(sensors.isPoint(0, 3));
+}
+
 // Conversion between the points
 
 /// A baseline of its own for a column with points at `rows`: each line is summed from the reading at its start, and a
