@@ -7,10 +7,10 @@
 
 namespace tarvelint {
 
-std::string columnEntry(const Record& record, const View& view, std::int32_t column0)
+std::string columnEntry(const std::vector<std::string>& labels, bool asLabels, std::int32_t column0)
 {
     const auto i = static_cast<std::size_t>(column0);
-    return view.entriesAreLabels && i < record.labels.size() ? record.labels[i] : plainText(column0 + 1);
+    return asLabels && i < labels.size() ? labels[i] : plainText(column0 + 1);
 }
 
 void ColumnLists::fill()

@@ -9,8 +9,8 @@
 
 namespace tarvelint {
 
-/// What an entry of the column lists reads: the column's label or its number from 1.
-[[nodiscard]] std::string columnEntry(const Record& record, const View& view, std::int32_t column0);
+/// What an entry of the column lists reads: the column's label, byte by byte, or its number from 1.
+[[nodiscard]] std::string columnEntry(const std::vector<std::string>& labels, bool asLabels, std::int32_t column0);
 
 /// The column lists of both areas (`varList`): what their entries read, and which column each area shows. An entry's
 /// index is the 0-based column.

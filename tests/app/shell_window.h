@@ -85,7 +85,7 @@ public:
     {
         std::vector<std::string> texts;
         for (std::int32_t c = 0; c < window.record.columns; ++c)
-            texts.push_back(columnEntry(window.record, window.view, c));
+            texts.push_back(columnEntry(window.record.labels, window.view.entriesAreLabels, c));
         return texts;
     }
     [[nodiscard]] const std::string& status() const { return window.text(Control::statusPanel1); }

@@ -37,7 +37,8 @@ struct Panel : TestWindow {
     [[nodiscard]] Texts entries() const
     {
         Texts texts;
-        for (std::int32_t c = 0; c < record.columns; ++c) texts.push_back(columnEntry(record, view, c));
+        for (std::int32_t c = 0; c < record.columns; ++c)
+            texts.push_back(columnEntry(record.labels, view.entriesAreLabels, c));
         return texts;
     }
     using TestWindow::choose;

@@ -2,6 +2,7 @@
 #include "app/qt/column_list_model.h"
 
 #include "dialogs/label_text.h"
+#include "view/column_lists.h"
 
 namespace tarvelint {
 
@@ -19,7 +20,7 @@ QVariant ColumnListModel::data(const QModelIndex& index, int role) const
     const auto column = static_cast<std::size_t>(index.row());
     const bool isText = role == Qt::DisplayRole || role == Qt::EditRole;
     if (!isText || m_labels == nullptr || !index.isValid() || column >= m_labels->size()) return {};
-    return m_asLabels ? labelForScreen((*m_labels)[column]) : QString::number(index.row() + 1);
+    return labelForScreen(columnEntry(*m_labels, m_asLabels, index.row()));
 }
 
 } // namespace tarvelint
