@@ -8,6 +8,7 @@
 #include "data/numbers.h"
 #include "equation/convert_cell.h"
 #include "equation/equation.h"
+#include "equation/fault_text.h"
 #include "equation/validator.h"
 #include "forms/zero_flow_faults.h"
 #include "window/command_failure.h"
@@ -28,7 +29,7 @@ public:
     {
         if (m_count++ == 0) {
             m_firstRow = row;
-            m_firstText = faultText(fault);
+            m_firstText = faultHeading(fault) + faultCause(fault);
         }
         return AfterFault::goOn;
     }
@@ -36,10 +37,8 @@ public:
     [[nodiscard]] std::string report() const
     {
         if (m_count == 0) return {};
-        std::string text = m_firstText;
-        for (auto at = text.find("\r\n"); at != std::string::npos; at = text.find("\r\n")) text.erase(at, 2);
         return "equation errors: " + plainText(m_count) + ", the first in row " +
-               plainText(std::int64_t{m_firstRow} + 1) + ": " + text;
+               plainText(std::int64_t{m_firstRow} + 1) + ": " + m_firstText;
     }
 
 private:

@@ -216,18 +216,6 @@ double Equation::finished(std::size_t step, Run& run) const
     return value;
 }
 
-std::string faultText(const Fault& fault)
-{
-    if (fault.kind == FaultKind::divisionByZero)
-        return "Division by Zero! \r\nThis was caused by " + std::string(fault.divisor);
-    return "Invalid power operation! \r\n" + generalText(fault.left) + "^" + generalText(fault.right);
-}
-
-std::string faultPrompt(const Fault& fault, std::int32_t row0)
-{
-    return faultText(fault) + "\r\nLine is " + plainText(row0) + "\r\nOK to continue, Cancel to stop";
-}
-
 double chop(std::string_view number, double source, double base)
 {
     std::optional<double> product;

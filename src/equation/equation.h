@@ -96,11 +96,6 @@ private:
     std::uint32_t m_resultPlace = 0; ///< of the whole equation, in `m_values`
 };
 
-/// What went wrong, for a person: two lines.
-[[nodiscard]] std::string faultText(const Fault& fault);
-/// The question whether to go on after a fault in row `row0`.
-[[nodiscard]] std::string faultPrompt(const Fault& fault, std::int32_t row0);
-
 /// A term that is an implicit product of numbers and the letters X and B ("2X", "0.5B", "XB"). Nothing calls it.
 [[nodiscard]] double chop(std::string_view number, double source, double base);
 

@@ -3,6 +3,7 @@
 
 #include "data/file_format.h"
 #include "equation/convert_cell.h"
+#include "equation/fault_text.h"
 #include "window/window.h"
 
 namespace tarvelint {

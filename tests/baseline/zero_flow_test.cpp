@@ -212,7 +212,9 @@ TEST(LayBaselines, placesThePointsInTheLullsItFindsFirst)
     Sensors sensors;
     setReadings(record, {{9, 0, 0, 0}, {9, 0, 0, 0}, {5, 5, 6, 5}});
     record.parameters = {true, true, false};
-    ZeroFlowSettings settings{.vpdCol = 0, .parCol = 1};
+    ZeroFlowSettings settings;
+    settings.vpdCol = 0;
+    settings.parCol = 1;
     settings.lullTime = 0;
     // Row 1 opens the lull, rows 2 and 3 are flagged; the data end within reach, so the point goes to the last row.
     EXPECT_EQ(layBaselines(record, sensors, settings, [](const char*) {}), 1);

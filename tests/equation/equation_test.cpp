@@ -263,21 +263,6 @@ TEST(EquationStop, theNextValueIsEvaluatedAgain)
     EXPECT_EQ(equation.evaluate(3, 9, {}, sink), 5);
 }
 
-TEST(FaultText, saysWhatCouldNotBeComputed)
-{
-    EXPECT_EQ(faultText({FaultKind::divisionByZero, 7, 0, "(B-B)"}), "Division by Zero! \r\nThis was caused by (B-B)");
-    EXPECT_EQ(faultText({FaultKind::power, -2, 0.5, {}}), "Invalid power operation! \r\n-2^0.5");
-    EXPECT_EQ(faultText({FaultKind::power, -0.5, 1.23, {}}), "Invalid power operation! \r\n-0.5^1.23");
-}
-
-TEST(FaultPrompt, addsTheRowAndTheQuestion)
-{
-    EXPECT_EQ(faultPrompt({FaultKind::divisionByZero, 7, 0, "0/2"}, 41),
-              "Division by Zero! \r\nThis was caused by 0/2\r\nLine is 41\r\nOK to continue, Cancel to stop");
-    EXPECT_EQ(faultPrompt({FaultKind::power, -2, -0.5, {}}, 0),
-              "Invalid power operation! \r\n-2^-0.5\r\nLine is 0\r\nOK to continue, Cancel to stop");
-}
-
 TEST(EquationLongTexts, chainsAndNestsAsLongAsATextMayBeEndInAValue)
 {
     Bench bench;
