@@ -2,6 +2,7 @@
 #include "app/string_table.h"
 
 #include "data/numbers.h"
+#include "window/entry_texts.h"
 
 #include <utility>
 
@@ -24,7 +25,7 @@ const std::pair<int, const char*> kTexts[] = {
     {1011, "Sen&d..."},
     {1012, "E&xit"},
     {1013, "&Edit"},
-    {1014, "&Undo"},
+    {1014, entry_texts::kUndo},
     {1015, "Cu&t"},
     {1016, "&Copy"},
     {1017, "&Paste"},
@@ -76,7 +77,7 @@ const std::pair<int, const char*> kTexts[] = {
     {1069, "Recalculate Current"},
     {1070, "Recalculate All"},
     {1690, "Select &All"},
-    {10141, "Can't Undo"},
+    {10141, entry_texts::kCannotUndo},
     {10221, "Settings..."},
     {10222, "Zoom In    (+)"},
     {10223, "Zoom Out  (-)"},

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "edit/undo.h"
 
+#include "window/entry_texts.h"
 #include "window/window.h"
 
 #include <algorithm>
@@ -63,7 +64,7 @@ void Undo::forget()
 
 void Undo::showAvailability()
 {
-    m_window.setText(Control::mnuEditUndo, m_copy ? "&Undo" : "Can't Undo");
+    m_window.setText(Control::mnuEditUndo, m_copy ? entry_texts::kUndo : entry_texts::kCannotUndo);
     m_window.setEnabled(Control::mnuEditUndo, m_copy.has_value());
 }
 
