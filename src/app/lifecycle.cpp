@@ -72,10 +72,4 @@ void Lifecycle::unloadDialogs()
     m_forms.unloadSaveContents();
 }
 
-void Lifecycle::showBar(Control entry, Control bar, bool shown)
-{
-    m_window.setChecked(entry, shown);
-    m_window.setVisible(bar, shown);
-}
-
 } // namespace tarvelint

@@ -33,13 +33,12 @@ public:
     /// Closes every window, this one last; each asks for itself.
     void mnuFileExit_Click() { m_application.exitFrom(m_window); }
     /// Both show or hide a bar and check or clear their entry.
-    void mnuViewToolbar_Click() { showBar(Control::mnuViewToolbar, Control::tbToolBar, !m_view.showsToolBar); }
-    void mnuViewStatusBar_Click() { showBar(Control::mnuViewStatusBar, Control::sbStatusBar, !m_view.showsStatusBar); }
+    void mnuViewToolbar_Click() { m_window.setChecked(Control::mnuViewToolbar, !m_view.showsToolBar); }
+    void mnuViewStatusBar_Click() { m_window.setChecked(Control::mnuViewStatusBar, !m_view.showsStatusBar); }
 
 private:
     void applySettings();
     void unloadDialogs();
-    void showBar(Control entry, Control bar, bool shown);
 
     Window& m_window;
     View& m_view;

@@ -26,9 +26,18 @@ auto& Window::checkOf(Self& self, Control which)
     }
 }
 
+bool Window::isVisible(Control which) const
+{
+    switch (which) {
+    case Control::tbToolBar: return view.showsToolBar;
+    case Control::sbStatusBar: return view.showsStatusBar;
+    default: return state(which).visible;
+    }
+}
+
 ControlState Window::control(Control which) const
 {
-    return {text(which), isEnabled(which), isChecked(which), state(which).visible};
+    return {text(which), isEnabled(which), isChecked(which), isVisible(which)};
 }
 
 const std::string& Window::text(Control which) const
@@ -62,6 +71,8 @@ void Window::setChecked(Control which, bool checked)
     if (present == checked) return;
     present = checked;
     ui.changed(which);
+    if (which == Control::mnuViewToolbar) ui.changed(Control::tbToolBar);
+    if (which == Control::mnuViewStatusBar) ui.changed(Control::sbStatusBar);
 }
 
 void Window::setVisible(Control which, bool visible)

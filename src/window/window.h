@@ -50,7 +50,7 @@ public:
     FileState file;
 
     // Controls. A control that shows a fact of a part (`FormulaBox`, `highBox`, the "Auto" boxes, `refCheck`,
-    // `labelBox`) holds no copy of it. Setting what is already there tells nobody.
+    // `labelBox`, both bars and their entries) holds no copy of it. Setting what is already there tells nobody.
     [[nodiscard]] ControlState control(Control which) const;
     [[nodiscard]] const std::string& text(Control which) const;
     [[nodiscard]] bool isEnabled(Control which) const { return state(which).enabled; }
@@ -109,6 +109,7 @@ private:
     static auto& textOf(Self& self, Control which);
     template <class Self>
     static auto& checkOf(Self& self, Control which);
+    [[nodiscard]] bool isVisible(Control which) const;
     void showPanel2();
     bool placeScrollBar(std::int32_t value);
 
