@@ -18,18 +18,16 @@ namespace tarvelint {
 
 namespace {
 
-const std::vector<FileDialog::Filter> kOpenFilters{{"Space Delimited (*.asc)", "*.asc"},
-                                                   {"Tab delimited (*.txt)", "*.txt"},
-                                                   {"Comma Delimited (*.csv), (*.dat)", "*.csv *.dat"}};
-const std::vector<FileDialog::Filter> kSaveFilters{
-    {"Space Delimited (*.asc)", "*.asc"}, {"Tab delimited (*.txt)", "*.txt"}, {"_Comma Delimited (*.csv)", "*.csv"}};
-
-/// What the file dialogs call a type, without its patterns.
-std::string nameOf(FileType type)
+FileDialog::Filter filterOf(FileType type)
 {
-    const std::string& text = kOpenFilters[static_cast<std::size_t>(type) - 1].text;
-    return text.substr(0, text.find(" ("));
+    const std::string pattern = "*" + std::string(factsOf(type).extension);
+    return {std::string(factsOf(type).name) + " (" + pattern + ")", pattern};
 }
+
+const std::vector<FileDialog::Filter> kOpenFilters{
+    filterOf(FileType::space), filterOf(FileType::tab), {"Comma Delimited (*.csv), (*.dat)", "*.csv *.dat"}};
+const std::vector<FileDialog::Filter> kSaveFilters{
+    filterOf(FileType::space), filterOf(FileType::tab), {"_Comma Delimited (*.csv)", "*.csv"}};
 
 /// Bytes of a UTF-8 name that are left without its last four characters.
 std::size_t withoutLastFour(std::string_view name)
@@ -48,7 +46,6 @@ std::size_t withoutLastFour(std::string_view name)
 
 std::string savedName(const std::string& path, FileType type)
 {
-    const std::string extension = type == FileType::space ? ".asc" : type == FileType::tab ? ".txt" : ".csv";
     const auto slash = path.rfind('/');
     const std::string folder = slash == std::string::npos ? "" : path.substr(0, slash + 1);
     std::string name = path.substr(folder.size());
@@ -57,7 +54,7 @@ std::string savedName(const std::string& path, FileType type)
         const std::size_t kept = withoutLastFour(name);
         name.resize(kept > 0 ? kept : lastDot);
     }
-    return folder + name + extension;
+    return (folder + name).append(factsOf(type).extension);
 }
 
 void FileCommands::mnuFileOpen_Click()
@@ -72,10 +69,11 @@ bool FileCommands::settleType(ChosenFile& file)
 {
     const auto likelier = likelierType(m_env.files, file.path, file.type);
     if (!likelier) return true;
-    const std::string question = "As \"" + nameOf(file.type) + "\" the first row of " + file.path +
-                                 " is one column, as \"" + nameOf(likelier->type) + "\" it is " +
-                                 plainText(static_cast<std::int64_t>(likelier->fields)) + " columns. Open it as \"" +
-                                 nameOf(likelier->type) + "\"?";
+    const std::string chosen(factsOf(file.type).name);
+    const std::string better(factsOf(likelier->type).name);
+    const std::string question = "As \"" + chosen + "\" the first row of " + file.path + " is one column, as \"" +
+                                 better + "\" it is " + plainText(static_cast<std::int64_t>(likelier->fields)) +
+                                 " columns. Open it as \"" + better + "\"?";
     const Answer answer = m_ui.messageBox({question, "Open", Buttons::yesNoCancel, Icon::warning});
     if (answer == Answer::yes) file.type = likelier->type;
     return answer != Answer::cancel;

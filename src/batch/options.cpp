@@ -8,8 +8,6 @@
 
 #include <CLI/CLI.hpp>
 
-#include <algorithm>
-#include <cctype>
 #include <cmath>
 #include <map>
 #include <string_view>
@@ -18,8 +16,12 @@ namespace tarvelint {
 
 namespace {
 
-const std::map<std::string, FileType> kDelimiters{
-    {"space", FileType::space}, {"tab", FileType::tab}, {"comma", FileType::comma}};
+std::map<std::string, FileType> delimiterWords()
+{
+    std::map<std::string, FileType> words;
+    for (const FileTypeFacts& facts : kFileTypes) words.emplace(facts.word, facts.type);
+    return words;
+}
 
 /// The command line as CLI11 fills it, before it becomes options.
 struct Raw {
@@ -90,13 +92,14 @@ std::string checkLayers(const std::string& list)
 
 void addFiles(CLI::App& app, Raw& raw)
 {
+    const auto delimiters = CLI::Transformer(delimiterWords()).description("");
     app.add_option("INPUT", raw.options.input, "Logger record or a file this program wrote")->required();
     app.add_option("-o,--output", raw.options.output, "File to write; replaced only as a whole")->required();
     app.add_option("--input-delimiter", raw.inputType, "space, tab or comma (default: by extension)")
-        ->transform(CLI::Transformer(kDelimiters).description(""))
+        ->transform(delimiters)
         ->type_name("NAME");
     app.add_option("--output-delimiter", raw.outputType, "space, tab or comma (default: by extension)")
-        ->transform(CLI::Transformer(kDelimiters).description(""))
+        ->transform(delimiters)
         ->type_name("NAME");
     app.add_option("--blank", raw.blank, "Number that stands for a missing value")
         ->check(CLI::Validator(checkWhole, ""))
@@ -197,18 +200,6 @@ BatchOptions::BatchOptions()
     zeroFlow.vpdLimit = toFloat32(leadingNumber(defaultText(Setting::VPDlimit, DefaultOf::columnSetup)));
     zeroFlow.parLimit = toFloat32(leadingNumber(defaultText(Setting::PARlimit, DefaultOf::columnSetup)));
     zeroFlow.lullTime = roundToInt32(leadingNumber(defaultText(Setting::lullTime, DefaultOf::columnSetup)));
-}
-
-FileType fileTypeOfExtension(const std::string& path)
-{
-    const auto dot = path.rfind('.');
-    const auto slash = path.rfind('/');
-    if (dot == std::string::npos || (slash != std::string::npos && dot < slash)) return FileType::comma;
-    std::string extension = path.substr(dot);
-    std::transform(extension.begin(), extension.end(), extension.begin(),
-                   [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-    if (extension == ".asc") return FileType::space;
-    return extension == ".txt" ? FileType::tab : FileType::comma;
 }
 
 ParsedCommandLine parseCommandLine(int argc, const char* const* argv, std::ostream& out, std::ostream& err)

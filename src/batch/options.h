@@ -45,7 +45,4 @@ struct ParsedCommandLine {
 [[nodiscard]] ParsedCommandLine parseCommandLine(int argc, const char* const* argv, std::ostream& out,
                                                  std::ostream& err);
 
-/// The delimiter that an extension stands for: .asc space, .txt tab, anything else comma; case does not matter.
-[[nodiscard]] FileType fileTypeOfExtension(const std::string& path);
-
 } // namespace tarvelint

@@ -81,20 +81,17 @@ std::int32_t parseBlank(std::string_view text)
 
 } // namespace
 
-char delimiterOf(FileType type)
+FileType fileTypeOfExtension(std::string_view path)
 {
-    switch (type) {
-    case FileType::space: return ' ';
-    case FileType::tab: return '\t';
-    case FileType::comma: break;
-    }
-    return ',';
-}
-
-FileType fileTypeOf(char delimiter)
-{
-    if (delimiter == ' ') return FileType::space;
-    return delimiter == '\t' ? FileType::tab : FileType::comma;
+    const std::size_t dot = path.rfind('.');
+    const std::size_t slash = path.rfind('/');
+    if (dot == kNotFound || (slash != kNotFound && dot < slash)) return FileType::comma;
+    std::string extension(path.substr(dot));
+    std::transform(extension.begin(), extension.end(), extension.begin(),
+                   [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; });
+    for (const FileTypeFacts& facts : kFileTypes)
+        if (extension == facts.extension) return facts.type;
+    return FileType::comma;
 }
 
 std::optional<std::string_view> takeField(std::string_view& rest, char delimiter)

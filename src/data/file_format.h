@@ -3,6 +3,8 @@
 
 #include "data/data_set.h"
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <stdexcept>
@@ -20,9 +22,32 @@ inline constexpr std::string_view kTitle = "Tarvelint";
 /// 1-based, as the file dialogs list them.
 enum class FileType { space = 1, tab = 2, comma = 3 };
 
-[[nodiscard]] char delimiterOf(FileType type);
-/// Anything but a blank or a tab counts as a comma.
-[[nodiscard]] FileType fileTypeOf(char delimiter);
+/// What is known of a file type.
+struct FileTypeFacts {
+    FileType type = FileType::space;
+    char delimiter = ' ';
+    std::string_view extension; ///< with its dot, as files are saved under it
+    std::string_view name;      ///< for a person, as the file dialogs begin it
+    std::string_view word;      ///< on a command line
+};
+
+/// In the order of the file dialogs.
+inline constexpr std::array<FileTypeFacts, 3> kFileTypes{{
+    {FileType::space, ' ', ".asc", "Space Delimited", "space"},
+    {FileType::tab, '\t', ".txt", "Tab delimited", "tab"},
+    {FileType::comma, ',', ".csv", "Comma Delimited", "comma"},
+}};
+
+[[nodiscard]] constexpr const FileTypeFacts& factsOf(FileType type)
+{
+    return kFileTypes[static_cast<std::size_t>(type) - 1];
+}
+[[nodiscard]] constexpr char delimiterOf(FileType type)
+{
+    return factsOf(type).delimiter;
+}
+/// The type whose extension a file name has; case does not matter, and any other extension counts as comma.
+[[nodiscard]] FileType fileTypeOfExtension(std::string_view path);
 
 /// Takes the next field off the front of `rest`, the unread part of a line; nullopt when none is left.
 /// Splits as `splitFields` does, without holding all fields of a long line.

@@ -63,9 +63,9 @@ std::optional<TypeGuess> likelierType(Files& files, const std::string& path, Fil
         const auto row = firstRow(*stream, path, chosen);
         if (!row || splitFields(*row, delimiterOf(chosen)).size() != 1) return std::nullopt;
         TypeGuess best{chosen, 1};
-        for (const FileType type : {FileType::space, FileType::tab, FileType::comma}) {
-            const std::size_t fields = splitFields(*row, delimiterOf(type)).size();
-            if (fields > best.fields) best = {type, fields};
+        for (const FileTypeFacts& facts : kFileTypes) {
+            const std::size_t fields = splitFields(*row, facts.delimiter).size();
+            if (fields > best.fields) best = {facts.type, fields};
         }
         return best.type == chosen ? std::nullopt : std::optional(best);
     } catch (const FileFailure&) {

@@ -72,12 +72,9 @@ TEST(BatchOptions, layersNameWhatIsWritten)
 
 TEST(BatchOptions, theDelimiterFollowsTheExtension)
 {
-    EXPECT_EQ(fileTypeOfExtension("a.asc"), FileType::space);
-    EXPECT_EQ(fileTypeOfExtension("a.TXT"), FileType::tab);
-    EXPECT_EQ(fileTypeOfExtension("a.csv"), FileType::comma);
-    EXPECT_EQ(fileTypeOfExtension("a.dat"), FileType::comma);
-    EXPECT_EQ(fileTypeOfExtension("a"), FileType::comma);
-    EXPECT_EQ(fileTypeOfExtension("folder.txt/a"), FileType::comma);
+    const BatchOptions o = options({"in.txt", "-o", "out.asc"});
+    EXPECT_EQ(o.inputType, FileType::tab);
+    EXPECT_EQ(o.outputType, FileType::space);
 }
 
 TEST(BatchOptions, aDelimiterThatIsGivenWins)
