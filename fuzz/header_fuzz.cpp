@@ -18,11 +18,11 @@ void require(bool holds)
 /// What a header says when it is written anew is what it said before.
 void checkRewritten(const FileHeader& header, char delimiter)
 {
-    const SaveChoices choices{.unconverted = header.layers.unconverted,
-                              .baseline = header.layers.baseline,
-                              .converted = header.layers.converted,
-                              .dots = true,
-                              .labels = header.withLabels};
+    const FileContents choices{{.unconverted = header.layers.unconverted,
+                                .baseline = header.layers.baseline,
+                                .converted = header.layers.converted,
+                                .dots = true},
+                               header.withLabels};
     const std::string line =
         composeHeader(choices, delimiter, header.columns, header.rows, 99999, "Friday, 20 November 2026", ",");
     require(isHeaderLine(line));

@@ -204,10 +204,8 @@ void FileCommands::write(const ChosenFile& target)
 {
     const BusyDisplay busy(m_window);
     m_window.setStatus(1, "Status: writing file");
-    SaveChoices choices = m_window.file.choices;
-    choices.labels = m_record.savesLabels;
     WindowProgress progress(m_window);
-    writeRecord(m_env.files, target.path, target.type, m_record, choices,
+    writeRecord(m_env.files, target.path, target.type, m_record, {m_window.file.choices, m_record.savesLabels},
                 {m_env.style.longDate(), m_env.style.grouping()}, progress);
 }
 

@@ -25,7 +25,7 @@ struct BatchOptions {
     std::string typedEquation;           ///< as it stood on the command line
     bool baselineIsHigh = true;
     std::optional<std::string> parameters; ///< columns that are not converted; none: 1, 2, VPD and PAR
-    SaveChoices choices;
+    FileContents choices;
     std::int32_t blank = defaults::kBlank.as<std::int32_t>();
     bool quiet = false;
 

@@ -58,7 +58,7 @@ std::string labelField(std::string label, char delimiter, std::size_t column1)
 
 class LayerWriter {
 public:
-    LayerWriter(const DataSet& data, const SaveChoices& choices, char delimiter, Buffer& buffer, Progress& progress)
+    LayerWriter(const DataSet& data, const FileContents& choices, char delimiter, Buffer& buffer, Progress& progress)
         : m_data(data), m_choices(choices), m_delimiter(delimiter), m_buffer(buffer), m_progress(progress),
           m_blankText(fileText(data.blank))
     {
@@ -99,7 +99,7 @@ private:
     }
 
     const DataSet& m_data;
-    const SaveChoices& m_choices;
+    const FileContents& m_choices;
     char m_delimiter;
     Buffer& m_buffer;
     Progress& m_progress;
@@ -108,7 +108,7 @@ private:
 
 } // namespace
 
-void writeDataFile(const DataSet& data, const SaveChoices& choices, char delimiter, const HeaderStyle& style,
+void writeDataFile(const DataSet& data, const FileContents& choices, char delimiter, const HeaderStyle& style,
                    TextSink& sink, Progress& progress)
 {
     Buffer buffer(sink);

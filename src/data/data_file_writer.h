@@ -26,7 +26,7 @@ struct HeaderStyle {
 /// Writes the chosen layers of a data set, each as a block of lines ended by CR LF, through one fixed
 /// buffer. Labels stand byte for byte, but for what would make another field or line of them ("_" instead; the column's
 /// number for an empty one where delimiters count in runs). What `sink` or `progress` throws passes through.
-void writeDataFile(const DataSet& data, const SaveChoices& choices, char delimiter, const HeaderStyle& style,
+void writeDataFile(const DataSet& data, const FileContents& choices, char delimiter, const HeaderStyle& style,
                    TextSink& sink, Progress& progress);
 
 } // namespace tarvelint

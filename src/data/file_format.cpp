@@ -149,7 +149,7 @@ FileHeader parseHeader(std::string_view line, char delimiter)
     return header;
 }
 
-std::string composeHeader(const SaveChoices& choices, char delimiter, std::int16_t columns, std::int32_t lines,
+std::string composeHeader(const FileContents& choices, char delimiter, std::int16_t columns, std::int32_t lines,
                           std::int32_t blank, std::string_view longDate, std::string_view grouping)
 {
     std::string layers;

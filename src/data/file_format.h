@@ -102,18 +102,22 @@ struct FileHeader {
 /// so, last of all, does a quoted blank that is no 32-bit number.
 [[nodiscard]] FileHeader parseHeader(std::string_view line, char delimiter);
 
-/// What the save dialogs chose; layers and dots by their boxes.
+/// What the save dialog chose by its boxes.
 struct SaveChoices {
     bool unconverted = true;
     bool baseline = true;
     bool converted = true;
     bool header = true;
     bool dots = true;
-    bool labels = false;
+};
+
+/// What a file is to hold.
+struct FileContents : SaveChoices {
+    bool labels = false; ///< a line of labels above each layer
 };
 
 /// The header line without its end. `longDate` and `grouping` come from the system.
-[[nodiscard]] std::string composeHeader(const SaveChoices& choices, char delimiter, std::int16_t columns,
+[[nodiscard]] std::string composeHeader(const FileContents& choices, char delimiter, std::int16_t columns,
                                         std::int32_t lines, std::int32_t blank, std::string_view longDate,
                                         std::string_view grouping);
 

@@ -13,7 +13,7 @@ struct FileState {
     std::string filePath;                  ///< the file opened, empty for a new window
     std::string savePath;                  ///< the file last saved, empty until then
     std::optional<FileType> fileDelimiter; ///< of the file opened or last saved; none for a new window
-    SaveChoices choices;                   ///< what of the record a save writes; its `labels` are the record's to say
+    SaveChoices choices;                   ///< what of the record a save writes
 };
 
 } // namespace tarvelint

@@ -48,7 +48,7 @@ LoadedRecord readRecord(Files& files, const std::string& path, FileType type, co
     return loaded;
 }
 
-void writeRecord(Files& files, const std::string& path, FileType type, const DataSet& data, const SaveChoices& choices,
+void writeRecord(Files& files, const std::string& path, FileType type, const DataSet& data, const FileContents& choices,
                  const HeaderStyle& style, Progress& progress)
 {
     const auto file = files.createSafely(path);

@@ -38,7 +38,7 @@ struct MissingValues {
                                       const MissingValues& missing, Progress& progress);
 
 /// Replaces the file in one step. @throws FileFailure and leaves the old file as it was
-void writeRecord(Files& files, const std::string& path, FileType type, const DataSet& data, const SaveChoices& choices,
+void writeRecord(Files& files, const std::string& path, FileType type, const DataSet& data, const FileContents& choices,
                  const HeaderStyle& style, Progress& progress);
 
 /// What a file type makes of the first row of a file.

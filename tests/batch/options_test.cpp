@@ -48,7 +48,7 @@ TEST(BatchOptions, defaultsAreThoseOfTheColumnSetup)
 
 TEST(BatchOptions, allLayersHeaderAndDotsAreOnAndLabelsOff)
 {
-    const SaveChoices c = options({"in.csv", "-o", "out.csv"}).choices;
+    const FileContents c = options({"in.csv", "-o", "out.csv"}).choices;
     EXPECT_TRUE(c.unconverted && c.baseline && c.converted && c.header && c.dots);
     EXPECT_FALSE(c.labels);
 }
@@ -64,7 +64,7 @@ TEST(BatchOptions, flagsTurnThemAround)
 
 TEST(BatchOptions, layersNameWhatIsWritten)
 {
-    const SaveChoices c = options({"in.csv", "-o", "out.csv", "--layers", "baseline,converted"}).choices;
+    const FileContents c = options({"in.csv", "-o", "out.csv", "--layers", "baseline,converted"}).choices;
     EXPECT_FALSE(c.unconverted);
     EXPECT_TRUE(c.baseline);
     EXPECT_TRUE(c.converted);

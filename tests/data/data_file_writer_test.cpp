@@ -31,12 +31,17 @@ DataSet record(const std::vector<Column>& rows)
     return data;
 }
 
-SaveChoices only(int layer)
+FileContents only(int layer)
 {
-    return {.unconverted = layer == 1, .baseline = layer == 2, .converted = layer == 3, .header = false};
+    FileContents contents;
+    contents.unconverted = layer == 1;
+    contents.baseline = layer == 2;
+    contents.converted = layer == 3;
+    contents.header = false;
+    return contents;
 }
 
-std::string written(const DataSet& data, const SaveChoices& choices, char delimiter = ',')
+std::string written(const DataSet& data, const FileContents& choices, char delimiter = ',')
 {
     StringSink sink;
     RecordingProgress progress;
@@ -49,7 +54,7 @@ std::string cell(double value, bool dots = true, std::int32_t blank = 99999)
 {
     DataSet data = record({{value}});
     data.blank = blank;
-    SaveChoices choices = only(kUnconverted);
+    FileContents choices = only(kUnconverted);
     choices.dots = dots;
     const std::string text = written(data, choices);
     return text.substr(0, text.find(','));
@@ -66,7 +71,7 @@ TEST(WriteDataFile, everyLineEndsWithDelimiterAndCrLf)
 
 TEST(WriteDataFile, allLayersStandInOrderWithLabelsAndAnEmptyLineAfterTheFirstTwo)
 {
-    SaveChoices choices;
+    FileContents choices;
     choices.labels = true;
     EXPECT_EQ(written(record({{1, 2}, {3, 4}}), choices),
               "Tarvelint output: Friday, 20 November 2026,unconverted-baseline-converted,2 columns,2 rows each,"
@@ -80,14 +85,15 @@ TEST(WriteDataFile, onlyTheChosenLayersAreWritten)
 {
     EXPECT_EQ(written(record({{1}}), only(kBaseline)), "101,\r\n\r\n");
     EXPECT_EQ(written(record({{1}}), only(kConverted)), "201,\r\n");
-    SaveChoices choices = only(kConverted);
+    FileContents choices = only(kConverted);
     choices.unconverted = true;
     EXPECT_EQ(written(record({{1}}), choices), "1,\r\n\r\n201,\r\n");
 }
 
 TEST(WriteDataFile, noLayerWritesTheHeaderNamingConvertedAndNoData)
 {
-    SaveChoices choices{.unconverted = false, .baseline = false, .converted = false};
+    FileContents choices;
+    choices.unconverted = choices.baseline = choices.converted = false;
     EXPECT_EQ(written(record({{1, 2}}), choices),
               "Tarvelint output: Friday, 20 November 2026,converted,2 columns,1 rows each,without labels,"
               "blank='.'\r\n");
@@ -97,7 +103,7 @@ TEST(WriteDataFile, noLayerWritesTheHeaderNamingConvertedAndNoData)
 
 TEST(WriteDataFile, withoutDotsTheHeaderGroupsTheBlankAsTheSystemDoes)
 {
-    SaveChoices choices;
+    FileContents choices;
     choices.dots = false;
     EXPECT_THAT(written(record({{1}}), choices), HasSubstr(",blank=99,999\r\n"));
 }
@@ -106,7 +112,7 @@ TEST(WriteDataFile, labelsGoOutByteForByte)
 {
     DataSet data = record({{1, 2}});
     data.labels = {"H\xF6he", " \xC3\xB6 x"};
-    SaveChoices choices = only(kUnconverted);
+    FileContents choices = only(kUnconverted);
     choices.labels = true;
     EXPECT_THAT(written(data, choices), StartsWith("H\xF6he, \xC3\xB6 x,\r\n"));
 }
@@ -116,7 +122,7 @@ std::string labelsLine(const Labels& labels, char delimiter)
 {
     DataSet data = record({Column(labels.size(), 1)});
     data.labels = labels;
-    SaveChoices choices = only(kUnconverted);
+    FileContents choices = only(kUnconverted);
     choices.labels = true;
     const std::string text = written(data, choices, delimiter);
     return text.substr(0, text.find("\r\n"));
@@ -153,7 +159,7 @@ TEST(WriteLabels, theWindowsOwnLabelsStay)
 {
     DataSet data = record({{1, 2}});
     data.labels = {"a,b", ""};
-    SaveChoices choices;
+    FileContents choices;
     choices.labels = true;
     static_cast<void>(written(data, choices));
     EXPECT_EQ(data.labels, (Labels{"a,b", ""}));
@@ -161,7 +167,7 @@ TEST(WriteLabels, theWindowsOwnLabelsStay)
 
 TEST(WriteDataFile, aHeaderWithoutLabelsSaysSoAndHasNone)
 {
-    SaveChoices choices = only(kUnconverted);
+    FileContents choices = only(kUnconverted);
     choices.header = true;
     EXPECT_THAT(written(record({{1}}), choices), HasSubstr(",without labels,blank='.'\r\n1,\r\n"));
 }
@@ -213,7 +219,7 @@ TEST(WriteDataFile, theInterfaceBreathesOncePerRow)
 {
     StringSink sink;
     RecordingProgress progress;
-    SaveChoices choices;
+    FileContents choices;
     choices.baseline = false;
     writeDataFile(record({{1}, {2}, {3}}), choices, ',', kStyle, sink, progress);
     EXPECT_THAT(progress.rows, ElementsAre(1, 2, 3, 1, 2, 3));
@@ -245,7 +251,7 @@ TEST(WriteDataFile, aLongRecordGoesOutInPieces)
     data.labels = {std::string(300000, 'x'), "S2"};
     StringSink sink;
     RecordingProgress progress;
-    SaveChoices choices = only(kUnconverted);
+    FileContents choices = only(kUnconverted);
     choices.labels = true;
     writeDataFile(data, choices, ',', kStyle, sink, progress);
     EXPECT_EQ(sink.text.size(), 300000U + 1 + 3 + 2 + 50000U * 6 + 2); // "0,0,\r\n" a row
@@ -317,7 +323,7 @@ void expectSameLayer(const DataSet& left, const DataSet& right, int layer)
 TEST_P(RoundTrip, withHeaderGivesTheSameDataSet)
 {
     DataSet data = randomRecord();
-    SaveChoices choices;
+    FileContents choices;
     choices.labels = toss();
     if (choices.labels)
         for (auto& label : data.labels) label = "S" + label;
@@ -342,7 +348,7 @@ TEST_P(RoundTrip, withHeaderGivesTheSameDataSet)
 TEST_P(RoundTrip, withoutHeaderGivesTheSameReadings)
 {
     DataSet data = randomRecord();
-    SaveChoices choices = only(kUnconverted);
+    FileContents choices = only(kUnconverted);
     choices.labels = true;
     choices.dots = toss();
     for (auto& label : data.labels) label = "S" + label;
@@ -361,7 +367,7 @@ TEST_P(RoundTrip, aLabelOfAnyKindKeepsToItsColumn)
     DataSet data = randomRecord();
     for (auto& text : data.labels) text = label();
     data.labels.front() = "Day"; // a line of numbers only would be a row
-    SaveChoices choices = only(kUnconverted);
+    FileContents choices = only(kUnconverted);
     choices.labels = true;
     choices.header = toss();
     for (const char delimiter : {',', '\t', ' '}) {

@@ -290,12 +290,12 @@ TEST(ParseHeader, anOpeningQuoteAtTheVeryEndHoldsNoBlank)
 
 // ---- writing a header
 
-SaveChoices choose(bool unconverted, bool baseline, bool converted)
+FileContents choose(bool unconverted, bool baseline, bool converted)
 {
-    return {.unconverted = unconverted, .baseline = baseline, .converted = converted};
+    return {{.unconverted = unconverted, .baseline = baseline, .converted = converted}, false};
 }
 
-std::string compose(const SaveChoices& choices, char delimiter = ',', std::string_view grouping = ",")
+std::string compose(const FileContents& choices, char delimiter = ',', std::string_view grouping = ",")
 {
     return composeHeader(choices, delimiter, 1024, 48000, 99999, "Friday, 20 November 2026", grouping);
 }
@@ -312,7 +312,7 @@ TEST(ComposeHeader, joinsItsItemsWithTheDelimiterAndNothingElse)
 
 TEST(ComposeHeader, listsTheLayers)
 {
-    const std::vector<std::pair<SaveChoices, std::string>> table{
+    const std::vector<std::pair<FileContents, std::string>> table{
         {choose(true, true, true), "unconverted-baseline-converted"},
         {choose(true, true, false), "unconverted-baseline"},
         {choose(true, false, true), "unconverted-converted"},
@@ -326,14 +326,14 @@ TEST(ComposeHeader, listsTheLayers)
 
 TEST(ComposeHeader, saysWhetherLabelsAreWritten)
 {
-    SaveChoices choices;
+    FileContents choices;
     choices.labels = true;
     EXPECT_THAT(compose(choices), HasSubstr(",with labels,"));
 }
 
 TEST(ComposeHeader, withoutDotsTheBlankIsGroupedAndUnquoted)
 {
-    SaveChoices choices;
+    FileContents choices;
     choices.dots = false;
     EXPECT_THAT(compose(choices, ',', ","), testing::EndsWith(",blank=99,999"));
     EXPECT_THAT(compose(choices, ',', "."), testing::EndsWith(",blank=99.999"));
@@ -342,7 +342,7 @@ TEST(ComposeHeader, withoutDotsTheBlankIsGroupedAndUnquoted)
 
 TEST(ComposeHeader, withoutDotsTheHeaderIsNotReadBack)
 {
-    SaveChoices choices;
+    FileContents choices;
     choices.dots = false;
     EXPECT_EQ(refusal(compose(choices)), "No blank character info in header!");
 }
@@ -351,7 +351,7 @@ TEST(ComposeHeader, isReadBackForEveryChoiceAndDelimiter)
 {
     for (const char delimiter : {' ', '\t', ','})
         for (int code = 1; code <= 7; ++code) {
-            SaveChoices choices = choose((code & 4) != 0, (code & 2) != 0, (code & 1) != 0);
+            FileContents choices = choose((code & 4) != 0, (code & 2) != 0, (code & 1) != 0);
             choices.labels = code % 2 == 0;
             const FileHeader read = parseHeader(compose(choices, delimiter), delimiter);
             EXPECT_EQ(read.layers, layersOf(code));
