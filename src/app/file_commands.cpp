@@ -123,7 +123,7 @@ void FileCommands::resetForNewRecord()
     m_view.dropPoint();
     m_view.hoverRow = m_view.selStart = m_view.selEnd = m_view.lastClick = 0;
     m_undo.forget();
-    m_view.HScroll1 = {};
+    m_window.resetScrollBar();
     m_window.setNoZeroFlow(false);
     m_window.setText(Control::colLabel, plainText(m_record.columns));
     m_window.setText(Control::rowLabel, plainText(m_record.lines));

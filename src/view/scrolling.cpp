@@ -99,14 +99,6 @@ void Scrolling::mnuViewRefresh_Click()
     m_window.redraw(1, false);
 }
 
-void Scrolling::HScroll1_Scroll(std::int32_t value)
-{
-    ScrollBar& bar = m_view.HScroll1;
-    bar.Value = std::clamp(value, bar.Min, bar.Max);
-    m_window.redraw(0, true);
-    m_window.redraw(1, true);
-}
-
 void Scrolling::HScroll1_GotFocus()
 {
     m_ui.focus(Control::Picture1_0);

@@ -51,7 +51,7 @@ public:
 
     /// The thumb was dragged to `value` (first row shown, clipped to the bar); the window's `HScroll1_Change` is
     /// left to its release.
-    void HScroll1_Scroll(std::int32_t value);
+    void HScroll1_Scroll(std::int32_t value) { m_window.dragScrollValue(value); }
     /// Hands the focus back: keys always go to the plot.
     void HScroll1_GotFocus();
 

@@ -133,12 +133,16 @@ void Window::setCaption(const std::string& text)
     ui.captionChanged();
 }
 
+std::int32_t Window::scrollClipped(std::int32_t value) const
+{
+    return std::clamp(value, view.HScroll1.Min, view.HScroll1.Max);
+}
+
 bool Window::placeScrollBar(std::int32_t value)
 {
-    ScrollBar& bar = view.HScroll1;
-    const std::int32_t clipped = std::clamp(value, bar.Min, bar.Max);
-    if (clipped == bar.Value) return false;
-    bar.Value = clipped;
+    const std::int32_t clipped = scrollClipped(value);
+    if (clipped == view.HScroll1.Value) return false;
+    view.HScroll1.Value = clipped;
     ui.scrollBarChanged();
     return true;
 }
@@ -153,6 +157,19 @@ bool Window::moveScrollValue(std::int32_t value)
     if (!placeScrollBar(value)) return false;
     if (isEnabled(Control::Picture1_0)) ui.focus(Control::Picture1_0);
     return true;
+}
+
+void Window::dragScrollValue(std::int32_t value)
+{
+    view.HScroll1.Value = scrollClipped(value);
+    redraw(0, true);
+    redraw(1, true);
+}
+
+void Window::resetScrollBar()
+{
+    view.HScroll1 = {};
+    ui.scrollBarChanged();
 }
 
 void Window::setScrollRange(std::int32_t max, std::int32_t smallChange, std::int32_t largeChange)

@@ -79,6 +79,11 @@ public:
     /// The same without a redraw, for a command that draws both areas afterwards; gives the plot the focus.
     /// @return whether the value changed
     bool moveScrollValue(std::int32_t value);
+    /// The thumb is held at `value`, clipped to Min..Max: draws both areas, whether or not it is another. The toolkit,
+    /// whose thumb it is, is not told, and `HScroll1_Change` is left to its release.
+    void dragScrollValue(std::int32_t value);
+    /// An empty range, as before any record. Draws nothing.
+    void resetScrollBar();
     /// Sets range and steps; a value beyond `max` moves to it. Draws nothing.
     void setScrollRange(std::int32_t max, std::int32_t smallChange, std::int32_t largeChange);
     /// The scroll bar stands at another first row: both areas are drawn anew, the main one last and with the focus.
@@ -111,6 +116,7 @@ private:
     static auto& checkOf(Self& self, Control which);
     [[nodiscard]] bool isVisible(Control which) const;
     void showPanel2();
+    [[nodiscard]] std::int32_t scrollClipped(std::int32_t value) const;
     bool placeScrollBar(std::int32_t value);
 
     Controls m_controls;

@@ -179,6 +179,28 @@ TEST(WindowScrollBar, isMovedWithoutADrawingForACommandThatDraws)
     EXPECT_EQ(window.fakeUi.focused.size(), 1U);
 }
 
+TEST(WindowScrollBar, underTheThumbClipsAndDrawsBothAreasWithoutMovingTheThumb)
+{
+    TestWindow window;
+    window.view.HScroll1.Max = 50;
+    window.dragScrollValue(99);
+    EXPECT_EQ(window.view.HScroll1.Value, 50);
+    window.dragScrollValue(99);
+    EXPECT_THAT(window.calls, ElementsAre("redraw 0 True", "redraw 1 True", "redraw 0 True", "redraw 1 True"));
+    EXPECT_EQ(window.fakeUi.scrollBarChanges, 0);
+}
+
+TEST(WindowScrollBar, startsAnewWithAnEmptyRangeAndSaysSo)
+{
+    TestWindow window;
+    window.view.HScroll1 = {.Min = 0, .Max = 50, .Value = 20, .SmallChange = 2, .LargeChange = 9};
+    window.resetScrollBar();
+    EXPECT_EQ(window.view.HScroll1.Max, 0);
+    EXPECT_EQ(window.view.HScroll1.Value, 0);
+    EXPECT_EQ(window.fakeUi.scrollBarChanges, 1);
+    EXPECT_THAT(window.calls, IsEmpty());
+}
+
 TEST(WindowScrollBar, aShrinkingRangeTakesTheValueAlong)
 {
     TestWindow window;
