@@ -87,7 +87,7 @@ void FileCommands::openFile(const ChosenFile& file)
     m_forms.unloadColumnSetup();
     if (!loaded.hadHeader) m_forms.showNewColumnSetup();
     enableForWork();
-    showModeAfterLoad();
+    showStatusAfterLoad();
     ColumnLists(m_window).choose(0, 0);
     if (!loaded.warning.empty()) m_ui.messageBox({loaded.warning, std::string(kTitle), Buttons::ok, Icon::warning});
 }
@@ -137,10 +137,9 @@ void FileCommands::enableForWork()
     scrolling.fitScrollBar();
 }
 
-void FileCommands::showModeAfterLoad()
+void FileCommands::showStatusAfterLoad()
 {
-    m_window.setStatus(1, m_view.lineMode ? "Mode: one-click baseline" : "Mode: select data");
-    m_window.setPointer(m_view.lineMode ? Pointer::northSouth : Pointer::cross);
+    m_window.showModeAfterLoad();
     m_window.setStatus(2, m_view.curLayer == kUnconverted ? "Viewing intput data" : "Viewing output data");
 }
 

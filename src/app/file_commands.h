@@ -50,7 +50,7 @@ private:
     void takeRecord(LoadedRecord& loaded, const ChosenFile& file);
     void resetForNewRecord();
     void enableForWork();
-    void showModeAfterLoad();
+    void showStatusAfterLoad();
     void showCaption(const std::string& path);
     [[nodiscard]] std::optional<ChosenFile> chooseName(const std::string& title);
     [[nodiscard]] bool mayReplace(const std::string& name, const ChosenFile& confirmed, const std::string& title);

@@ -5,6 +5,12 @@
 
 namespace tarvelint {
 
+namespace {
+
+constexpr const char* kOneClick = "Mode: one-click baseline";
+
+} // namespace
+
 template <class Self>
 auto& Window::textOf(Self& self, Control which)
 {
@@ -112,10 +118,20 @@ void Window::showPanel2()
 
 void Window::showMode()
 {
-    if (!view.lineMode)
-        setStatus(1, "Mode: traditional, edit data");
+    if (view.lineMode && view.Sloppy)
+        showModeAs("Mode: sloppy one-click");
     else
-        setStatus(1, view.Sloppy ? "Mode: sloppy one-click" : "Mode: one-click baseline");
+        showModeAs(view.lineMode ? kOneClick : "Mode: traditional, edit data");
+}
+
+void Window::showModeAfterLoad()
+{
+    showModeAs(view.lineMode ? kOneClick : "Mode: select data");
+}
+
+void Window::showModeAs(const char* text)
+{
+    setStatus(1, text);
     setPointer(view.lineMode ? Pointer::northSouth : Pointer::cross);
 }
 

@@ -68,6 +68,8 @@ public:
     void setNoZeroFlow(bool on);
     /// Status text and plot pointer of the editing mode in force.
     void showMode();
+    /// The same in the words for a record just loaded.
+    void showModeAfterLoad();
     [[nodiscard]] Pointer pointer() const { return m_pointer; }
     void setPointer(Pointer shape);
     [[nodiscard]] const std::string& caption() const { return m_caption; }
@@ -115,6 +117,7 @@ private:
     template <class Self>
     static auto& checkOf(Self& self, Control which);
     [[nodiscard]] bool isVisible(Control which) const;
+    void showModeAs(const char* text);
     void showPanel2();
     [[nodiscard]] std::int32_t scrollClipped(std::int32_t value) const;
     bool placeScrollBar(std::int32_t value);
