@@ -9,7 +9,6 @@
 #include "equation/convert_cell.h"
 #include "equation/equation.h"
 #include "equation/fault_text.h"
-#include "equation/validator.h"
 #include "forms/zero_flow_faults.h"
 #include "window/command_failure.h"
 #include "window/record_files.h"
@@ -129,12 +128,13 @@ void BatchRun::layBaselines()
 /// What the user should know about an equation that is not taken as it was typed, or not as it was meant.
 void BatchRun::announceEquation()
 {
-    if (m_options.equation->empty())
+    const BatchEquation& equation = *m_options.equation;
+    if (equation.text().empty())
         m_console.say("the equation is empty, so every converted value is 0");
-    else if (!repairedEquation(m_options.typedEquation))
+    else if (!equation.repaired)
         m_console.say("the equation cannot be repaired, because nothing stands before a \")\"; it is taken as typed");
-    else if (*m_options.equation != m_options.typedEquation && !m_options.quiet)
-        m_console.say("the equation reads " + *m_options.equation);
+    else if (equation.text() != equation.typed && !m_options.quiet)
+        m_console.say("the equation reads " + equation.text());
 }
 
 void BatchRun::convert()
@@ -142,7 +142,7 @@ void BatchRun::convert()
     if (!m_options.equation) return;
     announceEquation();
     m_console.status("Converting with the equation");
-    Equation equation(*m_options.equation);
+    Equation equation(m_options.equation->text());
     std::vector<FaultCount> faults(static_cast<std::size_t>(m_sensors.count()));
     std::vector<RowSpan> laid;
     for (std::int32_t sensor = 0; sensor < m_sensors.count(); ++sensor) laid.push_back(laidRows(m_sensors, sensor));

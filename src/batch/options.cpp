@@ -11,6 +11,7 @@
 #include <cmath>
 #include <map>
 #include <string_view>
+#include <utility>
 
 namespace tarvelint {
 
@@ -28,6 +29,7 @@ struct Raw {
     BatchOptions options;
     std::optional<FileType> inputType;
     std::optional<FileType> outputType;
+    std::optional<std::string> equation;
     // Numbers stay texts until numbers.h reads them: CLI11 would take "010" for octal.
     std::string vpdColumn{defaultText(Setting::VPD)};
     std::string parColumn{defaultText(Setting::PAR)};
@@ -137,9 +139,10 @@ void addZeroFlow(CLI::App& app, Raw& raw)
         ->type_name("LIST");
 }
 
-void addEquation(CLI::App& app, BatchOptions& options)
+void addEquation(CLI::App& app, Raw& raw)
 {
-    app.add_option("--equation", options.equation,
+    BatchOptions& options = raw.options;
+    app.add_option("--equation", raw.equation,
                    "Equation in the reading X and the baseline B (default: the fixed 119*((B/X)-1)^1.23)")
         ->type_name("TEXT");
     // A value behind a flag ("=false") would be taken and have no effect: refused.
@@ -166,12 +169,11 @@ void addContents(CLI::App& app, Raw& raw)
     app.add_flag("--quiet", raw.options.quiet, "No progress, no summary and no repaired equation; errors are shown");
 }
 
-void repairEquation(BatchOptions& options)
+void takeEquation(Raw& raw)
 {
-    if (!options.equation) return;
-    options.typedEquation = *options.equation;
-    evaluate(*options.equation);
-    if (options.equation->size() > kLongestEquation)
+    if (!raw.equation) return;
+    raw.options.equation.emplace(*raw.equation);
+    if (raw.options.equation->text().size() > kLongestEquation)
         throw CLI::ValidationError("--equation",
                                    "the equation is longer than " + std::to_string(kLongestEquation) + " characters");
 }
@@ -195,6 +197,8 @@ BatchOptions finished(Raw raw)
 
 } // namespace
 
+BatchEquation::BatchEquation(std::string text) : typed(std::move(text)), repaired(repairedEquation(typed)) {}
+
 BatchOptions::BatchOptions()
 {
     zeroFlow.vpdLimit = toFloat32(leadingNumber(defaultText(Setting::VPDlimit, DefaultOf::columnSetup)));
@@ -210,13 +214,13 @@ ParsedCommandLine parseCommandLine(int argc, const char* const* argv, std::ostre
     app.set_version_flag("--version", std::string("tarvelint-batch ") + TARVELINT_VERSION);
     addFiles(app, raw);
     addZeroFlow(app, raw);
-    addEquation(app, raw.options);
+    addEquation(app, raw);
     addContents(app, raw);
     try {
         app.parse(argc, argv);
         if (raw.options.input.empty() || raw.options.output.empty())
             throw CLI::ValidationError("INPUT and --output", "a file name must not be empty");
-        repairEquation(raw.options);
+        takeEquation(raw);
     } catch (const CLI::Success& asked) {
         app.exit(asked, out, err);
         return {};

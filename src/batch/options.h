@@ -12,6 +12,16 @@
 
 namespace tarvelint {
 
+/// The equation of a command line, repaired once.
+struct BatchEquation {
+    std::string typed;
+    std::optional<std::string> repaired; ///< none: there is no repair, and it is taken as typed
+
+    explicit BatchEquation(std::string text);
+    /// As it is read.
+    [[nodiscard]] const std::string& text() const { return repaired ? *repaired : typed; }
+};
+
 /// What a command line asks for; the defaults are those of the column set-up. Columns are 1-based.
 struct BatchOptions {
     std::string input; ///< file names are the system's bytes
@@ -20,9 +30,8 @@ struct BatchOptions {
     FileType outputType = FileType::comma;
     std::int16_t vpdColumn = defaults::kVpdColumn.as<std::int16_t>();
     std::int16_t parColumn = defaults::kParColumn.as<std::int16_t>();
-    ZeroFlowSettings zeroFlow;           ///< limits and lull length; its columns are not set here
-    std::optional<std::string> equation; ///< repaired; none: the fixed conversion
-    std::string typedEquation;           ///< as it stood on the command line
+    ZeroFlowSettings zeroFlow;             ///< limits and lull length; its columns are not set here
+    std::optional<BatchEquation> equation; ///< none: the fixed conversion
     bool baselineIsHigh = true;
     std::optional<std::string> parameters; ///< columns that are not converted; none: 1, 2, VPD and PAR
     FileContents choices;

@@ -194,7 +194,7 @@ TEST_F(BatchRun, whatWouldSteerATerminalIsTakenOutOfLabels)
 {
     std::string& text = files.contents["in.csv"];
     text.replace(text.find(",A,"), 3, ",\x1B[2J\xC2\x9B\x7F,");
-    options.equation = "X/0";
+    options.equation.emplace("X/0");
     ASSERT_EQ(run(), kDone) << err.str();
     EXPECT_EQ(out.str().substr(0, out.str().find(':')), "?[2J???");
     EXPECT_EQ((out.str() + err.str()).find('\x1B'), std::string::npos);
