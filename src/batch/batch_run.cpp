@@ -2,6 +2,7 @@
 #include "batch/batch_run.h"
 
 #include "baseline/zero_flow.h"
+#include "baseline/zero_flow_faults.h"
 #include "batch/column_choice.h"
 #include "batch/console.h"
 #include "batch/sensor_report.h"
@@ -9,7 +10,6 @@
 #include "equation/convert_cell.h"
 #include "equation/equation.h"
 #include "equation/fault_text.h"
-#include "forms/zero_flow_faults.h"
 #include "window/command_failure.h"
 #include "window/record_files.h"
 

@@ -1,9 +1,9 @@
 // SPDX-License-Identifier: MIT
 #include "forms/column_setup.h"
 
+#include "baseline/zero_flow_faults.h"
 #include "data/numbers.h"
 #include "data/settings_store.h"
-#include "forms/zero_flow_faults.h"
 #include "view/column_lists.h"
 #include "window/command_failure.h"
 #include "window/window.h"

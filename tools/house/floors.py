@@ -34,7 +34,7 @@ TABLE = (
     Floor("forms", "the plain halves of the dialogs", ("data", "window", *WORK_ON_A_WINDOW)),
     Floor("dialogs", "the dialogs' widgets", UP_TO_FORMS, (QT,)),
     # A run without windows has no selection, no undo and no plot.
-    Floor("batch", "the program without windows", ("data", "window", "baseline", "equation", "forms", "machine"),
+    Floor("batch", "the program without windows", ("data", "window", "baseline", "equation", "machine"),
           (CLI, POSIX)),
     Floor("app", "commands, files, windows' lives, texts", UP_TO_FORMS),
     Floor("app/qt", "the desktop program: the main window, its wiring, start-up",

@@ -1,5 +1,5 @@
 // SPDX-License-Identifier: MIT
-#include "forms/zero_flow_faults.h"
+#include "baseline/zero_flow_faults.h"
 
 #include "data/numbers.h"
 
