@@ -3,6 +3,7 @@
 
 #include "data/progress.h"
 #include "window/breather.h"
+#include "window/busy_pointer.h"
 #include "window/window.h"
 
 namespace tarvelint {
@@ -25,14 +26,12 @@ private:
 class BusyDisplay {
 public:
     explicit BusyDisplay(Window& window)
-        : m_window(window), m_pointer(window.pointer()), m_status(window.text(Control::statusPanel1)),
+        : m_window(window), m_busy(window), m_status(window.text(Control::statusPanel1)),
           m_rows(window.text(Control::rowLabel))
     {
-        window.setPointer(Pointer::hourglass);
     }
     ~BusyDisplay()
     {
-        m_window.setPointer(m_pointer);
         m_window.setStatus(1, m_status);
         m_window.setText(Control::rowLabel, m_rows);
     }
@@ -41,7 +40,7 @@ public:
 
 private:
     Window& m_window;
-    Pointer m_pointer;
+    BusyPointer m_busy;
     std::string m_status;
     std::string m_rows;
 };

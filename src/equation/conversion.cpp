@@ -2,6 +2,7 @@
 #include "equation/conversion.h"
 
 #include "equation/row_converter.h"
+#include "window/busy_pointer.h"
 #include "window/window.h"
 
 namespace tarvelint {
@@ -14,14 +15,15 @@ void Conversion::convertSelection(bool draws)
         if (draws && (m_view.selStart != selStart || m_view.selEnd != selEnd)) m_window.showAll();
         return;
     }
-    const Pointer pointer = m_window.pointer();
-    m_window.setPointer(Pointer::hourglass);
-    m_window.undoSave(m_view.curCol());
-    convertSpan();
-    // Where the selection does not move on, at the record's end or in one-click mode, nobody else shows the new values.
-    const bool moved = !m_view.lineMode && m_window.skip(draws);
-    if (draws && !moved) m_window.showAll();
-    m_window.setPointer(pointer);
+    {
+        const BusyPointer busy(m_window);
+        m_window.undoSave(m_view.curCol());
+        convertSpan();
+        // Where the selection does not move on, at the record's end or in one-click mode, nobody else shows the new
+        // values.
+        const bool moved = !m_view.lineMode && m_window.skip(draws);
+        if (draws && !moved) m_window.showAll();
+    }
     m_ui.focus(Control::Picture1_0);
 }
 

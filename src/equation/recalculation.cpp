@@ -4,6 +4,7 @@
 #include "equation/conversion.h"
 #include "equation/convert_cell.h"
 #include "equation/row_converter.h"
+#include "window/busy_pointer.h"
 #include "window/window.h"
 
 namespace tarvelint {
@@ -11,8 +12,7 @@ namespace tarvelint {
 void Recalculation::recalculate(std::int32_t column)
 {
     if (column != -1 && !m_record.hasColumn(column)) return;
-    const Pointer pointer = m_window.pointer();
-    m_window.setPointer(Pointer::hourglass);
+    const BusyPointer busy(m_window);
     if (column == -1) {
         convertAllColumns();
     } else {
@@ -22,7 +22,6 @@ void Recalculation::recalculate(std::int32_t column)
         RowConverter converter(m_window);
         convertColumn(converter, column);
     }
-    m_window.setPointer(pointer);
 }
 
 void Recalculation::convertAllColumns()
@@ -30,9 +29,7 @@ void Recalculation::convertAllColumns()
     m_window.markChanged(); // also when no column has a baseline
     RowConverter converter(m_window);
     for (std::int32_t column = 0; column < m_record.columns; ++column) {
-        // A check box holds 0 or 1, and only -1 inverts to 0: parameter columns that have a baseline are converted too.
-        const int mark = m_record.isParameter(column) ? 1 : 0;
-        if (~mark == 0) continue;
+        // "Do not convert" is not asked: parameter columns that have a baseline are converted too.
         if (!convertColumn(converter, column)) return;
     }
 }
@@ -61,10 +58,7 @@ void Recalculation::mnuToolsRecalculateAll_Click()
 
 void Recalculation::mnuToolsRecalculateSelection_Click()
 {
-    const Pointer pointer = m_window.pointer();
-    m_window.setPointer(Pointer::hourglass);
     Conversion(m_window).convertSelection(false);
-    m_window.setPointer(pointer);
     m_window.showAll();
 }
 
