@@ -83,8 +83,7 @@ void Scrolling::zoomTo(double unitsPerRow)
     m_view.zoomLevel = 0;
     for (std::int16_t z = m_view.zoomFactor; z > 1; z = roundToInt16(z / 2.0)) ++m_view.zoomLevel;
     fitScrollBar();
-    m_window.redraw(0, true);
-    m_window.redraw(1, true);
+    m_window.redrawBoth();
 }
 
 void Scrolling::showZoomEntries()
@@ -95,8 +94,14 @@ void Scrolling::showZoomEntries()
 
 void Scrolling::mnuViewRefresh_Click()
 {
-    m_window.redraw(0, false);
-    m_window.redraw(1, false);
+    m_window.redrawBoth(false);
+}
+
+void Scrolling::Picture1_Resize(int index)
+{
+    if (index == 1) return m_window.redraw(1, true);
+    fitScrollBar();
+    m_window.redrawBoth();
 }
 
 void Scrolling::HScroll1_GotFocus()

@@ -48,6 +48,9 @@ public:
     void showZoomEntries();
     /// Draws over what is there without erasing.
     void mnuViewRefresh_Click();
+    /// An area has another size. The scroll bar fits the main one, and the companion shows as many rows as that does,
+    /// so both are drawn after it; the companion alone is drawn by itself.
+    void Picture1_Resize(int index);
 
     /// The thumb was dragged to `value` (first row shown, clipped to the bar); the window's `HScroll1_Change` is
     /// left to its release.

@@ -178,8 +178,7 @@ bool Window::moveScrollValue(std::int32_t value)
 void Window::dragScrollValue(std::int32_t value)
 {
     view.HScroll1.Value = scrollClipped(value);
-    redraw(0, true);
-    redraw(1, true);
+    redrawBoth();
 }
 
 void Window::resetScrollBar()
@@ -212,10 +211,15 @@ void Window::markChanged()
     if (!record.isEmpty()) setEnabled(Control::mnuFileSave, true);
 }
 
+void Window::redrawBoth(bool clear)
+{
+    redraw(0, clear);
+    redraw(1, clear);
+}
+
 void Window::showAll()
 {
-    redraw(0, true);
-    redraw(1, true);
+    redrawBoth();
     updateCues();
 }
 

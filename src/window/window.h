@@ -92,6 +92,8 @@ public:
     void HScroll1_Change();
     /// Every change of data, labels, marks or points ends here: `saveCheck` False, File > Save enabled.
     void markChanged();
+    /// Draws both areas, afresh unless `clear` is False.
+    void redrawBoth(bool clear = true);
     /// Draws both areas afresh and refreshes the cues: what most commands end with.
     void showAll();
     /// Shows new settings (equation, columns of day and time) where they are seen; changes no data.

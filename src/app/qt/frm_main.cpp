@@ -159,24 +159,16 @@ void FrmMain::wireScrollBar()
 
 void FrmMain::wirePlots()
 {
-    connect(&m_form.plot(0), &PlotArea::resized, this, [this] {
-        record([&] {
-            m_core.scrolling.fitScrollBar();
-            m_core.redraw(0, true);
-            m_core.redraw(1, true); // shows as many rows as fit the main area, which may be resized after it
-        });
-    });
-    connect(&m_form.plot(1), &PlotArea::resized, this, [this] { record([&] { m_core.redraw(1, true); }); });
-    for (int index = 0; index < 2; ++index)
+    for (int index = 0; index < 2; ++index) {
+        connect(&m_form.plot(index), &PlotArea::resized, this,
+                [this, index] { record([&] { m_core.scrolling.Picture1_Resize(index); }); });
         connect(&m_form.plot(index), &PlotArea::scaleChanged, this, &FrmMain::redrawBoth);
+    }
 }
 
 void FrmMain::redrawBoth()
 {
-    record([&] {
-        m_core.redraw(0, true);
-        m_core.redraw(1, true);
-    });
+    record([&] { m_core.redrawBoth(); });
 }
 
 void FrmMain::record(const std::function<void()>& body)
