@@ -128,7 +128,7 @@ private Q_SLOTS:
         QCOMPARE(bench.bar()->value(), 0);
     }
 
-    void afterTheRowsTabGoesToSaveBoxThenCancelThenOk()
+    void afterTheRowsTabGoesThroughTheCheckBoxesThenCancelThenOk()
     {
         SetupBench bench(2);
         bench.show();
