@@ -30,8 +30,8 @@ struct View {
     bool entriesAreLabels = false;                    ///< of both column lists, else numbers; lags behind `showsLabels`
     std::array<std::int32_t, 2> chosenColumn{-1, -1}; ///< entry of `varList`, -1 none
     std::int32_t curLayer = kUnconverted;             ///< of the main area
-    /// Sensor ordinal of `curCol`, -1 on a parameter column. Kept and not computed from `curCol`: it follows only when a
-    /// column is chosen while `Turbo` is set, and is -1 until then.
+    /// Sensor ordinal of `curCol`, -1 on a parameter column. Kept and not computed from `curCol`: it follows only when
+    /// a column is chosen while `Turbo` is set, and is -1 until then.
     std::int32_t curSensor = -1;
     /// 1-based columns that cues give as the day and the time.
     std::int16_t dateCol = defaults::kDate.as<std::int16_t>();

@@ -319,22 +319,6 @@ TEST(Zoom, fitsTheBarKeepsTheFirstRowAndDrawsBothAreasAfresh)
     EXPECT_THAT(window.calls, ElementsAre("redraw 0 True", "redraw 1 True"));
 }
 
-TEST(Resize, ofTheMainAreaFitsTheBarAndThenDrawsBoth)
-{
-    Scrolled window(1000);
-    window.scrolling.Picture1_Resize(0);
-    EXPECT_EQ(window.range(), (ScrollRange{899, 10, 100}));
-    EXPECT_THAT(window.calls, ElementsAre("redraw 0 True", "redraw 1 True"));
-}
-
-TEST(Resize, ofTheCompanionDrawsThatAndLeavesTheBarAlone)
-{
-    Scrolled window(1000);
-    window.scrolling.Picture1_Resize(1);
-    EXPECT_EQ(window.view.HScroll1.Max, 0);
-    EXPECT_THAT(window.calls, ElementsAre("redraw 1 True"));
-}
-
 TEST(Zoom, withACurrentPointDrawsEachAreaOnceAndLeavesTheFocusOnThePlot)
 {
     Scrolled window(1200);
