@@ -9,6 +9,16 @@ namespace {
 
 // ---- trace
 
+TEST(Colors, areThoseThatUsersKnow)
+{
+    EXPECT_EQ(colors::kBlack, (Color{0, 0, 0}));
+    EXPECT_EQ(colors::kRed, (Color{255, 0, 0}));
+    EXPECT_EQ(colors::kCyan, (Color{0, 255, 255}));
+    EXPECT_EQ(colors::kYellow, (Color{255, 255, 0}));
+    EXPECT_EQ(colors::kWhite, (Color{255, 255, 255}));
+    EXPECT_EQ(colors::kBlue, (Color{0, 0, 255}));
+}
+
 TEST(Trace, runsThroughTheVisibleRows)
 {
     Plot plot({0, 1, 2, 3, 4, 5, 6});

@@ -50,6 +50,17 @@ TEST(Sensors, pointsAreMarkedBySensorAndRow)
     EXPECT_TRUE(sensors.isPoint(0, 1));
 }
 
+TEST(Sensors, aPointOfOneIsNoneOfItsNeighbours)
+{
+    Sensors sensors = twoSensors();
+    sensors.setPoint(0, 5, true); // its last row, with the neighbour's first row next in memory
+    EXPECT_EQ(sensors.pointUpTo(1, 5), std::nullopt);
+    sensors.setPoint(0, 5, false);
+    sensors.setPoint(0, 4, false);
+    sensors.setPoint(1, 0, true);
+    EXPECT_EQ(sensors.pointFrom(0, 2), std::nullopt);
+}
+
 TEST(Sensors, noPointStandsOutsideTheRecord)
 {
     const Sensors sensors = twoSensors();
