@@ -201,9 +201,9 @@ BatchEquation::BatchEquation(std::string text) : typed(std::move(text)), repaire
 
 BatchOptions::BatchOptions()
 {
-    zeroFlow.vpdLimit = toFloat32(leadingNumber(defaultText(Setting::VPDlimit, DefaultOf::columnSetup)));
-    zeroFlow.parLimit = toFloat32(leadingNumber(defaultText(Setting::PARlimit, DefaultOf::columnSetup)));
-    zeroFlow.lullTime = roundToInt32(leadingNumber(defaultText(Setting::lullTime, DefaultOf::columnSetup)));
+    zeroFlow.vpdLimit = defaults::kVpdLimit.as<float>();
+    zeroFlow.parLimit = defaults::kParLimitInColumnSetup.as<float>();
+    zeroFlow.lullTime = defaults::kLullTimeInColumnSetup.as<std::int32_t>();
 }
 
 ParsedCommandLine parseCommandLine(int argc, const char* const* argv, std::ostream& out, std::ostream& err)

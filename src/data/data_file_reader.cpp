@@ -147,9 +147,9 @@ void DataFileReader::readHeaderLabels()
                     plainText(lines().leadingEmptyLines() + 2) +
                     ", and 32,767 columns is the most. Split the file into narrower ones.");
     m_data.columns = static_cast<std::int16_t>(delimiters);
-    std::string numbers;
-    for (std::int64_t c = 1; c <= delimiters; ++c) numbers.append(plainText(c)) += m_delimiter;
-    readLabels(numbers, m_delimiter);
+    m_data.labels.resize(static_cast<std::size_t>(delimiters));
+    m_data.labelsAreText = false;
+    numberColumns();
 }
 
 void DataFileReader::readLabels(std::string_view linestring, char delim)

@@ -6,7 +6,7 @@
 namespace tarvelint {
 
 /// A key pressed in a box, as far as rules tell keys apart.
-enum class BoxKey { enter, backspace, deleteKey, escape, tab, other };
+enum class BoxKey { enter, backspace, deleteKey, escape, other };
 
 /// Whether a key pressed in a range box counts as typing even where it changes nothing. Other keys do not: what
 /// they change in the text tells so itself, and Tab and Ctrl+C, which carry a text too, change none.

@@ -2,6 +2,7 @@
 #include "window/window.h"
 
 #include <algorithm>
+#include <cassert>
 
 namespace tarvelint {
 
@@ -83,6 +84,7 @@ void Window::setChecked(Control which, bool checked)
 
 void Window::setVisible(Control which, bool visible)
 {
+    assert(which != Control::tbToolBar && which != Control::sbStatusBar); // their entries say so
     if (state(which).visible == visible) return;
     state(which).visible = visible;
     ui.changed(which);

@@ -121,5 +121,12 @@ TEST(WindowCreation, labelsAutomaticRangesAndBarsAreOnAndTheRecentFilesHidden)
     EXPECT_FALSE(shell.window.control(Control::mnuFileMRU).visible);
 }
 
+TEST(WindowCreation, noReferenceLineIsAskedFor)
+{
+    Shell shell;
+    EXPECT_FALSE(shell.window.isChecked(Control::refCheck));
+    EXPECT_FALSE(shell.window.isEnabled(Control::refBox));
+}
+
 } // namespace
 } // namespace tarvelint::test

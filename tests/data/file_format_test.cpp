@@ -192,7 +192,10 @@ TEST(ParseHeader, countsThatAreNoNumberOrBelowOneNameThemselves)
     for (const std::string bad : {"0", "-3", "many", "", "0.5", "1E400"}) {
         EXPECT_THAT(
             refusal(header("converted", bad + " columns")),
-            HasSubstr("number of columns in the header, \"" + bad + "\", is not a whole number from 1 to 32,767"));
+            HasSubstr(
+                "number of columns in the header, \"" + bad +
+                "\", is not a whole number from 1 to 32,767. Correct the first line of the file in a text editor, "
+                "or delete it to read the file as a plain table."));
         EXPECT_THAT(refusal(header("converted", "3 columns", bad + " rows")),
                     HasSubstr("number of rows in the header, \"" + bad + "\", is not"));
     }

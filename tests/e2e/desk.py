@@ -245,7 +245,7 @@ class Program:
     def errors(self):
         """What the program, its toolkit and its sanitizers wrote to standard error, but for that one line."""
         with open(self.log, encoding="utf-8", errors="replace") as log:
-            return log.read().replace(OVERTAKEN, "")
+            return log.read().replace(OVERTAKEN, "", 1)
 
     def windows(self, role=None):
         """What stands on the desk now: data windows have the role "frame", all others "dialog" or "alert"."""

@@ -258,7 +258,9 @@ TEST(Convert, brokenOffByItsWindowsClosingLeavesAnUnsavedChangeAndItsCopy)
     Column column;
     column.clock.step = Pacer::kPause;
     column.fakeUi.onPendingEvents = [] { throw std::runtime_error("closing"); };
+    column.setPointer(Pointer::cross);
     EXPECT_THROW(column.conversion.convButton_Click(), std::runtime_error);
+    EXPECT_EQ(column.pointer(), Pointer::cross);
     EXPECT_EQ(column.at(kConverted, 10), 8);
     EXPECT_EQ(column.at(kConverted, 11), 7);
     EXPECT_FALSE(column.record.saveCheck);

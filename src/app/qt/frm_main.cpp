@@ -28,8 +28,6 @@ BoxKey boxKeyOf(const QKeyEvent& event)
     case Qt::Key_Backspace: return BoxKey::backspace;
     case Qt::Key_Delete: return BoxKey::deleteKey;
     case Qt::Key_Escape: return BoxKey::escape;
-    case Qt::Key_Tab:
-    case Qt::Key_Backtab: return BoxKey::tab;
     default: return BoxKey::other;
     }
 }
