@@ -50,6 +50,7 @@ public:
     void redraw(int index, bool clear) override { plot.redraw(index, clear); }
     void updateCues() override { cues.updateCues(); }
     void undoSave(std::int32_t column) override { undo.undoSave(column); }
+    void ExtendSelection(float x) override { selection.ExtendSelection(x); }
     bool skip(bool draws) override { return selection.skip(draws); }
 };
 

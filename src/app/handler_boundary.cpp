@@ -3,26 +3,11 @@
 
 #include "data/file_format.h"
 #include "data/numbers.h"
+#include "window/raised.h"
 
 #include <new>
 
 namespace tarvelint {
-
-namespace {
-
-/// True for as long as it lives, however its scope is left.
-class Raised {
-public:
-    explicit Raised(bool& flag) : m_flag(flag) { m_flag = true; }
-    ~Raised() { m_flag = false; }
-    Raised(const Raised&) = delete;
-    Raised& operator=(const Raised&) = delete;
-
-private:
-    bool& m_flag;
-};
-
-} // namespace
 
 void HandlerBoundary::command(const std::function<void()>& body)
 {

@@ -15,6 +15,17 @@ void Selection::mnuEditSelectAll_Click()
     m_window.showAll();
 }
 
+void Selection::ExtendSelection(float x)
+{
+    const std::int32_t rows = roundToInt32(static_cast<double>(x) / m_view.zoomFactor);
+    const std::int64_t row = std::int64_t{rows} + m_view.HScroll1.Value;
+    if (row <= m_view.lastClick)
+        m_view.selStart = static_cast<std::int32_t>(std::max<std::int64_t>(row, 0));
+    else
+        m_view.selEnd = static_cast<std::int32_t>(std::min<std::int64_t>(row, m_record.lines - 1));
+    m_window.updateCues();
+}
+
 bool Selection::skip(bool draws)
 {
     const std::int32_t lastRow = m_record.lines - 1;

@@ -14,6 +14,9 @@ public:
 
     /// Every row; of an empty record none, so that the selection ends at -1.
     void mnuEditSelectAll_Click();
+    /// Draws the end on the pointer's side to `x` (plot units of the main area), at most to the record's ends, and
+    /// refreshes the cues. The other end stays, so a drag to the right and back past the anchor keeps its furthest row.
+    void ExtendSelection(float x);
     /// The selection moves one span to the right, sharing its boundary row, at most to the last row; with `draws` that
     /// is shown, scrolled into view.
     /// @return False at the record's end and for an empty selection: it stays, and nothing is drawn

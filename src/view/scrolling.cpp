@@ -2,6 +2,7 @@
 #include "view/scrolling.h"
 
 #include "data/numbers.h"
+#include "window/raised.h"
 
 #include <algorithm>
 #include <optional>
@@ -58,6 +59,12 @@ void Scrolling::fitScrollBar()
         scrollset();
 }
 
+void Scrolling::Form_Resize()
+{
+    fitScrollBar();
+    m_window.redrawBoth();
+}
+
 void Scrolling::apply(const ScrollRange& range)
 {
     // Where everything fits, Max is 0 and takes the value along.
@@ -97,11 +104,85 @@ void Scrolling::mnuViewRefresh_Click()
     m_window.redrawBoth(false);
 }
 
-void Scrolling::Picture1_Resize(int index)
+/// One end of the view, where holding the pointer scrolls.
+struct Scrolling::Edge {
+    bool isRight;
+    float x; ///< where the selection is drawn to
+};
+
+std::int32_t Scrolling::clipped(std::int64_t firstRow) const
 {
-    if (index == 1) return m_window.redraw(1, true);
-    fitScrollBar();
-    m_window.redrawBoth();
+    const ScrollBar& bar = m_view.HScroll1;
+    return static_cast<std::int32_t>(std::clamp<std::int64_t>(firstRow, bar.Min, bar.Max));
+}
+
+std::optional<Scrolling::Edge> Scrolling::edgeAt(float x) const
+{
+    if (x >= width() - 1) return Edge{true, width()};
+    if (x < 2) return Edge{false, 0};
+    return std::nullopt;
+}
+
+void Scrolling::doScroll(float x, bool extend)
+{
+    if (m_isAtEdge) return;
+    if (const auto edge = edgeAt(x)) {
+        const Raised atEdge(m_isAtEdge);
+        if (scrollAt(*edge, extend) != Ended::released) return;
+    }
+    if (extend) drawDragged(x, false, true);
+}
+
+Scrolling::Ended Scrolling::scrollAt(const Edge& edge, bool extend)
+{
+    constexpr std::chrono::milliseconds kPass{50};
+    const ScrollBar& bar = m_view.HScroll1;
+    while (true) {
+        const std::int64_t next = std::int64_t{bar.Value} + (edge.isRight ? step() : -step());
+        const bool isLast = edge.isRight ? next > bar.Max : next < bar.Min;
+        m_window.moveScrollValue(clipped(next));
+        drawDragged(edge.x, true, extend);
+        if (isLast) return Ended::recordEnd;
+        m_ui.letEventsRunFor(kPass);
+        const float x = m_view.pointerX;
+        if (edge.isRight ? x < width() - 2 : x > 0) {
+            drawDragged(x, false, extend);
+            return Ended::pointerBack;
+        }
+        if (m_view.buttonReleased) return Ended::released;
+    }
+}
+
+void Scrolling::drawDragged(float x, bool clear, bool extend)
+{
+    if (extend) m_window.ExtendSelection(x);
+    m_window.redrawBoth(clear);
+}
+
+void Scrolling::turnWheel(int eighthsOfDegrees, bool zooms)
+{
+    constexpr int kStep = 120;
+    const bool turnsBack = (eighthsOfDegrees < 0) != (m_turned < 0);
+    if (turnsBack || zooms != m_turnZooms) m_turned = 0;
+    m_turnZooms = zooms;
+    m_turned += eighthsOfDegrees;
+    const int steps = m_turned / kStep;
+    m_turned -= steps * kStep;
+    if (!zooms)
+        return m_window.setScrollValue(clipped(std::int64_t{m_view.HScroll1.Value} - std::int64_t{steps} * step()));
+    for (int i = 0; i < steps && m_window.isEnabled(Control::mnuViewZoomIn); ++i) mnuViewZoomIn_Click();
+    for (int i = 0; i > steps && m_window.isEnabled(Control::mnuViewZoomOut); --i) mnuViewZoomOut_Click();
+}
+
+void Scrolling::pressScrollKey(ScrollKey key)
+{
+    const ScrollBar& bar = m_view.HScroll1;
+    switch (key) {
+    case ScrollKey::pageUp: return m_window.setScrollValue(clipped(std::int64_t{bar.Value} - bar.LargeChange));
+    case ScrollKey::pageDown: return m_window.setScrollValue(clipped(std::int64_t{bar.Value} + bar.LargeChange));
+    case ScrollKey::home: return m_window.setScrollValue(bar.Min);
+    case ScrollKey::end: return m_window.setScrollValue(bar.Max);
+    }
 }
 
 void Scrolling::HScroll1_GotFocus()

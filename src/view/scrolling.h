@@ -3,6 +3,7 @@
 
 #include "window/window.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <optional>
 
@@ -40,6 +41,9 @@ public:
     /// long-record mode. A record that fits 16 bits leaves the mode.
     void fitScrollBar();
 
+    /// Both plots have another size: fits the scroll bar and draws them.
+    void Form_Resize();
+
     /// Doubles the zoom, up to 8 units a row, fits the scroll bar and draws both areas afresh.
     void mnuViewZoomIn_Click();
     /// Halves it, down to 1 unit a row.
@@ -52,6 +56,18 @@ public:
     /// so both are drawn after it; the companion alone is drawn by itself.
     void Picture1_Resize(int index);
 
+    /// The pointer moved to `x` of the main area. At or beyond an edge the view scrolls by `SmallChange` a pass, at most
+    /// 20 passes a second, until the pointer comes back, the button is released or the record ends; with `extend` the
+    /// selection is drawn along, elsewhere too. While it scrolls, another call does nothing.
+    void doScroll(float x, bool extend);
+
+    /// The wheel was turned over a plot, in eighths of a degree, positive away from the hand: each 15 degrees scroll by
+    /// `SmallChange`, away towards earlier rows, or with `zooms` zoom in or out while the entry is enabled. Less adds up.
+    void turnWheel(int eighthsOfDegrees, bool zooms);
+    /// One screen back or on, to the first row, to the last screen.
+    enum class ScrollKey { pageUp, pageDown, home, end };
+    void pressScrollKey(ScrollKey key);
+
     /// The thumb was dragged to `value` (first row shown, clipped to the bar); the window's `HScroll1_Change` is
     /// left to its release.
     void HScroll1_Scroll(std::int32_t value) { m_window.dragScrollValue(value); }
@@ -62,11 +78,21 @@ private:
     [[nodiscard]] float width() const { return m_ui.surface(0).scaleWidth(); }
     void apply(const ScrollRange& range);
     void zoomTo(double unitsPerRow);
+    [[nodiscard]] std::int32_t step() const { return std::max(m_view.HScroll1.SmallChange, 1); }
+    [[nodiscard]] std::int32_t clipped(std::int64_t firstRow) const;
+    struct Edge;
+    [[nodiscard]] std::optional<Edge> edgeAt(float x) const;
+    enum class Ended { pointerBack, recordEnd, released };
+    [[nodiscard]] Ended scrollAt(const Edge& edge, bool extend);
+    void drawDragged(float x, bool clear, bool extend);
 
     Window& m_window;
     View& m_view;
     const Record& m_record;
     Ui& m_ui;
+    bool m_isAtEdge = false; ///< `doScroll` runs
+    int m_turned = 0;        ///< eighths of a degree that make no whole step yet
+    bool m_turnZooms = false;
 };
 
 } // namespace tarvelint

@@ -5,6 +5,7 @@
 #include "window/controls.h"
 #include "window/surface.h"
 
+#include <chrono>
 #include <string>
 
 namespace tarvelint {
@@ -50,6 +51,8 @@ public:
     virtual void paintStatus() = 0;
     /// Paints what is due and takes pending events. May throw to give a long command up (its window is closing).
     virtual void letPendingEventsRun() = 0;
+    /// The same for at least that long, sleeping while nothing is due.
+    virtual void letEventsRunFor(std::chrono::milliseconds time) = 0;
     /// Closes the window; its close handling still runs.
     virtual void unload() = 0;
 

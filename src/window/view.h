@@ -54,6 +54,10 @@ struct View {
     std::int32_t dragRow = -1;
     std::int32_t hoverRow = 0;
 
+    // Pointer over the main area
+    float pointerX = 0;          ///< latest place, plot units from the left edge
+    bool buttonReleased = false; ///< ends the scrolling at an edge
+
     // Modes
     bool Turbo = false;    ///< baseline points drive the fixed conversion
     bool lineMode = false; ///< one-click baseline

@@ -106,6 +106,8 @@ public:
     virtual void updateCues() = 0;
     /// Keeps a copy of the selected rows of a column, all layers, as what Undo brings back.
     virtual void undoSave(std::int32_t column) = 0;
+    /// Draws the selection's end on the pointer's side to `x` (plot units of the main area) and refreshes the cues.
+    virtual void ExtendSelection(float x) = 0;
     /// Moves the selection one span to the right and, with `draws`, shows that.
     /// @return False at the record's end, where it stays and nothing is drawn
     virtual bool skip(bool draws) = 0;

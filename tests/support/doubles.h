@@ -214,6 +214,12 @@ public:
     {
         if (onPendingEvents) onPendingEvents();
     }
+    void letEventsRunFor(std::chrono::milliseconds time) override
+    {
+        waited += time;
+        letPendingEventsRun();
+    }
+    std::chrono::milliseconds waited{0};
     void unload() override { unloaded = true; }
     [[nodiscard]] Geometry geometry() const override { return place; }
     void setGeometry(const Geometry& geometry) override { place = geometry; }

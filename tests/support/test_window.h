@@ -30,6 +30,7 @@ public:
     void redraw(int index, bool clear) override { note("redraw", index, clear); }
     void updateCues() override { calls.emplace_back("updateCues"); }
     void undoSave(std::int32_t column) override { note("undoSave", column); }
+    void ExtendSelection(float x) override { note("ExtendSelection", static_cast<std::int32_t>(x)); }
     bool skip(bool draws) override
     {
         note("skip", draws);

@@ -4,7 +4,6 @@
 #include <QEvent>
 #include <QPainter>
 #include <QStyle>
-#include <QVBoxLayout>
 #include <QWheelEvent>
 
 namespace tarvelint {
@@ -23,27 +22,40 @@ void CalmList::wheelEvent(QWheelEvent* event)
     event->ignore(); // for what lies around it
 }
 
-void PlotGrid::setGeometry(const QRect& place)
+RangeBox::RangeBox(QWidget* parent) : QLineEdit(parent)
 {
-    const int below = itemAtPosition(2, 1)->sizeHint().height() + 2 * verticalSpacing();
-    QGridLayout::setGeometry(place.adjusted(0, 0, 0, -((place.height() - below) % 2)));
+    setFont(smallPrint(font()));
+    setAlignment(Qt::AlignRight);
+    connect(this, &QLineEdit::textChanged, this, &QWidget::setToolTip);
 }
 
-PlotFrame::PlotFrame(QWidget* plot)
+void PlotsFrame::watch(QWidget* plot)
 {
-    setFrameStyle(QFrame::Box | QFrame::Plain);
-    auto* inside = new QVBoxLayout(this);
-    inside->setContentsMargins(0, 0, 0, 0);
-    inside->addWidget(plot);
+    m_plots.push_back(plot);
     plot->installEventFilter(this);
-    setLine(false);
 }
 
-bool PlotFrame::eventFilter(QObject*, QEvent* event)
+bool PlotsFrame::eventFilter(QObject*, QEvent* event)
 {
-    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut)
-        setLine(event->type() == QEvent::FocusIn);
+    if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) update();
     return false;
+}
+
+void PlotsFrame::paintEvent(QPaintEvent*)
+{
+    constexpr int kBar = 2;
+    QPainter painter(this);
+    for (const QWidget* plot : m_plots)
+        if (plot->hasFocus())
+            painter.fillRect(plot->x() - kBar, plot->y(), kBar, plot->height(), palette().highlight());
+}
+
+QFont smallPrint(const QFont& font)
+{
+    constexpr int kPixels = 9;
+    QFont smaller(font);
+    smaller.setPixelSize(kPixels);
+    return smaller;
 }
 
 } // namespace tarvelint

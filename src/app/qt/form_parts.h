@@ -2,13 +2,12 @@
 #pragma once
 
 #include <QComboBox>
-#include <QFrame>
-#include <QGridLayout>
 #include <QLabel>
+#include <QLineEdit>
 
 namespace tarvelint {
 
-/// One line that gives way in a narrow window: its text ends in "..." there, and its tip has it whole.
+/// One line that gives way in a narrow place: its text ends in "..." there, and its tip has it whole.
 class ElidedLabel : public QLabel {
     Q_OBJECT
 public:
@@ -29,24 +28,30 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 };
 
-/// The two plots and the bar below them. Both plots are equally high: an odd pixel stays free.
-class PlotGrid : public QGridLayout {
+/// A box for one end of a plot's range, in small print; a number too long for it is told whole by its tip.
+class RangeBox : public QLineEdit {
     Q_OBJECT
 public:
-    using QGridLayout::QGridLayout;
-    void setGeometry(const QRect& place) override;
+    explicit RangeBox(QWidget* parent = nullptr);
 };
 
-/// A thin line around a plot; it takes the highlight colour while keys go to the plot.
-class PlotFrame : public QFrame {
+/// `Frame1`: the plots and what belongs to them. A bar beside a plot shows that keys go there.
+class PlotsFrame : public QWidget {
     Q_OBJECT
 public:
-    /// @param plot  becomes the frame's child
-    explicit PlotFrame(QWidget* plot);
+    using QWidget::QWidget;
+    /// Shows from now on whether this child has the focus.
+    void watch(QWidget* plot);
     bool eventFilter(QObject* watched, QEvent* event) override;
 
+protected:
+    void paintEvent(QPaintEvent* event) override;
+
 private:
-    void setLine(bool focused) { setForegroundRole(focused ? QPalette::Highlight : QPalette::Mid); }
+    QList<QWidget*> m_plots;
 };
+
+/// The small print beside the plots.
+[[nodiscard]] QFont smallPrint(const QFont& font);
 
 } // namespace tarvelint

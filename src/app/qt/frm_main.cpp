@@ -14,6 +14,7 @@
 #include <QWindow>
 #include <QWindowStateChangeEvent>
 
+#include <map>
 #include <utility>
 
 namespace tarvelint {
@@ -157,10 +158,12 @@ void FrmMain::wireScrollBar()
 
 void FrmMain::wirePlots()
 {
+    connect(&m_form, &MainForm::plotsResized, this, [this] { record([&] { m_core.scrolling.Form_Resize(); }); });
     for (int index = 0; index < 2; ++index) {
-        connect(&m_form.plot(index), &PlotArea::resized, this,
-                [this, index] { record([&] { m_core.scrolling.Picture1_Resize(index); }); });
-        connect(&m_form.plot(index), &PlotArea::scaleChanged, this, &FrmMain::redrawBoth);
+        const PlotArea& plot = m_form.plot(index);
+        connect(&plot, &PlotArea::scaleChanged, this, &FrmMain::redrawBoth);
+        connect(&plot, &PlotArea::wheelTurned, this,
+                [this](int angle, bool zooms) { command([&] { m_core.scrolling.turnWheel(angle, zooms); }); });
     }
 }
 
@@ -258,11 +261,23 @@ bool FrmMain::eventFilter(QObject* watched, QEvent* event)
         if (watched == &m_form.scrollBar()) record([&] { m_core.scrolling.HScroll1_GotFocus(); });
         break;
     case QEvent::KeyPress:
+        if (watched == &m_form) return takeScrollKey(*static_cast<QKeyEvent*>(event));
         if (const auto* box = qobject_cast<QLineEdit*>(watched)) return takeKey(*box, *static_cast<QKeyEvent*>(event));
         break;
     default: break;
     }
     return false;
+}
+
+bool FrmMain::takeScrollKey(const QKeyEvent& key)
+{
+    using enum Scrolling::ScrollKey;
+    static const std::map<int, Scrolling::ScrollKey> kKeys{
+        {Qt::Key_PageUp, pageUp}, {Qt::Key_PageDown, pageDown}, {Qt::Key_Home, home}, {Qt::Key_End, end}};
+    const auto found = kKeys.find(key.key());
+    if (found == kKeys.end() || (key.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) return false;
+    command([&] { m_core.scrolling.pressScrollKey(found->second); });
+    return true;
 }
 
 bool FrmMain::takeKey(const QLineEdit& box, const QKeyEvent& key)

@@ -51,6 +51,7 @@ private:
     void wireReferenceBox();
     void wireScrollBar();
     void wirePlots();
+    [[nodiscard]] bool takeScrollKey(const QKeyEvent& key);
     [[nodiscard]] bool takeKey(const QLineEdit& box, const QKeyEvent& key);
     void keyInBox(const QLineEdit& box);
     void record(const std::function<void()>& body);

@@ -4,18 +4,17 @@
 #include "app/qt/column_list_model.h"
 #include "app/qt/form_parts.h"
 #include "app/qt/plot_area.h"
+#include "view/window_layout.h"
 
 #include <QCheckBox>
 #include <QComboBox>
-#include <QHBoxLayout>
-#include <QLineEdit>
+#include <QEvent>
 #include <QListView>
 #include <QPushButton>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QStatusBar>
 #include <QToolBar>
-#include <QVBoxLayout>
 
 #include <algorithm>
 
@@ -23,59 +22,35 @@ namespace tarvelint {
 
 namespace {
 
-constexpr int kGap = 6;
-constexpr int kRowGap = 2;
-/// As wide as a reading gets before it is unusual: what boxes and value labels are made for.
-constexpr const char* kWidestReading = "-12,345.6789";
+/// The form is designed for letters of this size; another scale of the screen enlarges letters and places alike.
+constexpr int kLetterPixels = 12;
 
 QString qt(const char* text)
 {
     return QString::fromUtf8(text);
 }
 
-QLabel* caption(const char* text, Qt::Alignment alignment = Qt::AlignLeft)
-{
-    auto* label = new QLabel(qt(text));
-    label->setAlignment(alignment | Qt::AlignVCenter);
-    return label;
-}
-
-QLabel* caption(const char* text, QWidget* buddy)
-{
-    QLabel* label = caption(text);
-    label->setBuddy(buddy);
-    return label;
-}
-
 } // namespace
 
-MainForm::MainForm(const StringTable& table)
+MainForm::MainForm(const StringTable& table) : m_desk(new QWidget), m_frame(new PlotsFrame(m_desk))
 {
     setObjectName(QStringLiteral("frmMain"));
     setContextMenuPolicy(Qt::NoContextMenu); // the bars are the View menu's business
-    const MenuActions menus = buildMenus(*this, table);
-    m_controls.addEntries(menus.actions);
-    m_entryTexts = menus.captions;
-    const ToolActions tools = buildToolBar(*this, table);
-    m_controls.addTools(tools.actions);
-    m_controls.add(Control::tbToolBar, tools.bar);
-
-    auto* cues = new QHBoxLayout;
-    cues->setSpacing(4 * kGap);
-    cues->addLayout(buildCommandRows(), 1);
-    cues->addLayout(buildSelectionCues());
-    auto* column = new QVBoxLayout;
-    column->setContentsMargins(kGap + 2, kGap, kGap + 2, kRowGap);
-    column->setSpacing(kGap - 1);
-    column->addLayout(buildColumnRow());
-    column->addLayout(cues);
-    column->addWidget(buildFrame(), 1);
-    column->addLayout(buildCueRows());
-    auto* content = new QWidget;
-    content->setLayout(column);
-    setCentralWidget(content);
-    buildStatusBar();
+    QFont letters(font());
+    letters.setPixelSize(kLetterPixels);
+    setFont(letters);
+    m_desk->setFont(letters);
+    m_frame->setObjectName(QStringLiteral("Frame1"));
+    buildBars(table);
+    buildColumnRows();
+    buildCommandRows();
+    buildSelectionCues();
+    buildPlots();
+    buildCueRows();
     setTabOrders();
+    findPlaced();
+    m_desk->installEventFilter(this);
+    setCentralWidget(m_desk);
 }
 
 void MainForm::showList(int index, const std::vector<std::string>& labels, bool asLabels, int chosen)
@@ -83,6 +58,7 @@ void MainForm::showList(int index, const std::vector<std::string>& labels, bool 
     const QSignalBlocker silent(&list(index));
     m_listModels.at(static_cast<std::size_t>(index))->show(labels, asLabels);
     list(index).setCurrentIndex(chosen);
+    list(index).setToolTip(list(index).currentText()); // whole, where the list is too narrow for it
 }
 
 void MainForm::showScrollBar(const ScrollBar& bar)
@@ -111,193 +87,169 @@ PlotArea& MainForm::plot(int index) const
     return *m_controls.widget<PlotArea>(element(Control::Picture1_0, index));
 }
 
-QBoxLayout* MainForm::buildColumnRow()
+QStatusBar& MainForm::sbStatusBar() const
 {
-    auto* row = new QHBoxLayout;
-    row->setSpacing(kGap);
-    QComboBox* main = addList(0);
-    QComboBox* companion = addList(1);
-    row->addWidget(caption("Main:", main));
-    row->addWidget(main, 1);
-    row->addSpacing(kGap);
-    row->addWidget(caption("Companion:", companion));
-    row->addWidget(companion, 1);
-    row->addSpacing(kGap);
-    row->addWidget(addCheck(Control::labelBox));
-    row->addWidget(addButton(Control::labelButton));
-    return row;
+    return *m_controls.widget<QStatusBar>(Control::sbStatusBar);
 }
 
-QBoxLayout* MainForm::buildCommandRows()
+bool MainForm::eventFilter(QObject* watched, QEvent* event)
 {
-    auto* commands = new QHBoxLayout;
-    commands->setSpacing(kGap);
-    commands->addWidget(addButton(Control::viewButton));
-    commands->addWidget(addButton(Control::convButton));
-    commands->addWidget(addButton(Control::baseButton));
-    commands->addStretch();
+    if (watched == m_desk && event->type() == QEvent::Resize) placeWidgets();
+    return QMainWindow::eventFilter(watched, event);
+}
 
-    auto* equation = new QHBoxLayout;
-    equation->setSpacing(kGap);
-    equation->addWidget(addButton(Control::eqButton));
-    auto* formula = new ElidedLabel;
+void MainForm::findPlaced()
+{
+    for (const PlacedControl& control : placeControls(0, 0)) {
+        auto* widget = m_desk->findChild<QWidget*>(QLatin1String(control.name.data(), control.name.size()));
+        Q_ASSERT(widget != nullptr && (widget->parentWidget() == m_frame) == control.isInFrame);
+        m_placed.push_back(widget);
+    }
+}
+
+void MainForm::placeWidgets()
+{
+    const QSize before = plot(0).size();
+    const std::vector<PlacedControl> places = placeControls(m_desk->width(), m_desk->height());
+    for (std::size_t i = 0; i < places.size(); ++i) {
+        const PixelRect& place = places[i].place;
+        m_placed[i]->setGeometry(place.left, place.top, place.width, place.height);
+        // Of other controls the core says whether they show.
+        if (qobject_cast<QLabel*>(m_placed[i]) != nullptr) m_placed[i]->setVisible(places[i].isShown);
+    }
+    if (plot(0).size() == before) return; // both plots are alike
+    for (int index = 0; index < 2; ++index) plot(index).fitSurface();
+    Q_EMIT plotsResized();
+}
+
+void MainForm::buildBars(const StringTable& table)
+{
+    const MenuActions menus = buildMenus(*this, table);
+    m_controls.addEntries(menus.actions);
+    m_entryTexts = menus.captions;
+    const ToolActions tools = buildToolBar(*m_desk, table);
+    m_controls.addTools(tools.actions);
+    m_controls.add(Control::tbToolBar, tools.bar);
+
+    auto* bar = new QStatusBar(m_desk);
+    bar->setContentsMargins(6, 0, 0, 0);
+    m_controls.add(Control::sbStatusBar, bar);
+    for (const Control panel : {Control::statusPanel1, Control::statusPanel2}) {
+        auto* text = new ElidedLabel;
+        m_controls.add(panel, text);
+        bar->addWidget(text, 1);
+    }
+}
+
+void MainForm::buildColumnRows()
+{
+    addList(0);
+    addTag(*m_desk, "mainTag", "Main:")->setBuddy(&list(0));
+    addList(1);
+    addTag(*m_desk, "companionTag", "Companion:")->setBuddy(&list(1));
+    addCheck(Control::labelBox, *m_desk);
+    addButton(Control::labelButton, *m_desk);
+}
+
+void MainForm::buildCommandRows()
+{
+    for (const Control button : {Control::viewButton, Control::convButton, Control::baseButton, Control::eqButton})
+        addButton(button, *m_frame);
+    auto* formula = new ElidedLabel(m_frame);
     formula->setTextFormat(Qt::PlainText);
     m_controls.add(Control::FormulaBox, formula);
-    equation->addWidget(formula, 1);
-
-    auto* rows = new QVBoxLayout;
-    rows->setSpacing(kGap);
-    rows->addLayout(commands);
-    rows->addLayout(equation);
-    rows->addStretch();
-    return rows;
 }
 
-QGridLayout* MainForm::buildSelectionCues()
+void MainForm::buildSelectionCues()
 {
     using enum Control;
-    auto* grid = new QGridLayout;
-    grid->setHorizontalSpacing(2 * kGap);
-    grid->setVerticalSpacing(kRowGap);
-    grid->addWidget(caption("Value", Qt::AlignRight), 0, 1);
-    grid->addWidget(caption("Time", Qt::AlignRight), 0, 2, 1, 2);
-    grid->addWidget(caption("Left:"), 1, 0);
-    grid->addWidget(addValue(slLabel, kWidestReading), 1, 1);
-    grid->addWidget(addValue(ldLabel, "366.99"), 1, 2);
-    grid->addWidget(addValue(ltLabel, "2359.5"), 1, 3);
-    grid->addWidget(caption("Right:"), 2, 0);
-    grid->addWidget(addValue(srLabel, kWidestReading), 2, 1);
-    grid->addWidget(addValue(rdLabel, "366.99"), 2, 2);
-    grid->addWidget(addValue(rtLabel, "2359.5"), 2, 3);
-    grid->setRowStretch(3, 1);
-    return grid;
+    addTag(*m_desk, "valueTag", "Value", Qt::AlignRight);
+    addTag(*m_desk, "cueTimeTag", "Time", Qt::AlignRight);
+    addTag(*m_frame, "leftTag", "Left:");
+    addTag(*m_frame, "rightTag", "Right:");
+    for (const Control cue : {slLabel, ldLabel, ltLabel, srLabel, rdLabel, rtLabel}) addValue(cue, *m_frame);
 }
 
-QWidget* MainForm::buildFrame()
+void MainForm::buildPlots()
 {
-    auto* frame = new QFrame;
-    frame->setObjectName(QStringLiteral("Frame1"));
-    auto* grid = new PlotGrid(frame);
-    grid->setContentsMargins(0, 0, 0, 0);
-    grid->setHorizontalSpacing(kGap + 2);
-    grid->setVerticalSpacing(kRowGap);
     for (int index = 0; index < 2; ++index) {
-        auto* plot = new PlotArea(index);
-        grid->addLayout(buildRange(index), index, 0);
-        grid->addWidget(new PlotFrame(plot), index, 1);
-        grid->setRowStretch(index, 1);
+        auto* plot = new PlotArea(index, m_frame);
+        m_frame->watch(plot);
         m_controls.add(element(Control::Picture1_0, index), plot);
+        buildRange(index);
     }
-    auto* bar = new QScrollBar(Qt::Horizontal);
-    QSizePolicy keepsItsPlace = bar->sizePolicy();
-    keepsItsPlace.setRetainSizeWhenHidden(true);
-    bar->setSizePolicy(keepsItsPlace);
-    m_controls.add(Control::HScroll1, bar);
-    grid->addWidget(bar, 2, 1);
-    grid->setColumnStretch(1, 1);
-    return frame;
+    m_controls.add(Control::HScroll1, new QScrollBar(Qt::Horizontal, m_frame));
 }
 
-QGridLayout* MainForm::buildRange(int index)
-{
-    auto* grid = new QGridLayout;
-    grid->setHorizontalSpacing(kGap);
-    grid->setVerticalSpacing(0);
-    QLineEdit* top = addBox(element(Control::maxLabel0, index));
-    QLineEdit* bottom = addBox(element(Control::minLabel0, index));
-    grid->addWidget(caption("Top:", top), 0, 0);
-    grid->addWidget(top, 0, 1);
-    grid->setRowStretch(1, 1);
-    grid->addWidget(addCheck(element(Control::scaleBox0, index)), 2, 1);
-    if (index == 1) {
-        grid->addWidget(addCheck(Control::refCheck), 3, 1);
-        grid->addWidget(addBox(Control::refBox), 4, 1);
-    }
-    grid->setRowStretch(5, 1);
-    grid->addWidget(caption("Bottom:", bottom), 6, 0);
-    grid->addWidget(bottom, 6, 1);
-    return grid;
-}
-
-QGridLayout* MainForm::buildCueRows()
+void MainForm::buildRange(int index)
 {
     using enum Control;
-    auto* grid = new QGridLayout;
-    grid->setHorizontalSpacing(kGap);
-    grid->setVerticalSpacing(kRowGap);
-    grid->addWidget(caption("Columns:"), 0, 0);
-    grid->addWidget(addValue(colLabel, "9999999"), 0, 1);
-    grid->addWidget(caption("Rows:"), 1, 0);
-    grid->addWidget(addValue(rowLabel, "9999999"), 1, 1);
-    QCheckBox* high = addCheck(highBox);
-    high->setToolTip(QStringLiteral("Check this if the values are lower than the baseline"));
-    grid->addWidget(high, 2, 0, 1, 2);
-    grid->addWidget(caption("In:"), 0, 3);
-    grid->addWidget(addValue(inLabel, kWidestReading), 0, 4);
-    grid->addWidget(caption("Base:"), 1, 3);
-    grid->addWidget(addValue(baseLabel, kWidestReading), 1, 4);
-    grid->addWidget(caption("Out:"), 2, 3);
-    grid->addWidget(addValue(outLabel, kWidestReading), 2, 4);
-    grid->addWidget(caption("DOY:"), 2, 6);
-    grid->addWidget(addValue(dateLabel, "366.99"), 2, 7);
-    grid->addWidget(caption("Time:"), 2, 9);
-    grid->addWidget(addValue(timeLabel, "2359.5"), 2, 10);
-    for (const int gap : {2, 5, 8}) grid->setColumnMinimumWidth(gap, 2 * kGap);
-    grid->setColumnStretch(11, 1);
-    return grid;
+    for (const Control box : {element(maxLabel0, index), element(minLabel0, index)})
+        m_controls.add(box, new RangeBox(m_frame));
+    const auto addSmallTag = [&](const char* name, const char* text, Control box) {
+        QLabel* tag = addTag(*m_frame, name, text, Qt::AlignRight);
+        tag->setFont(smallPrint(tag->font()));
+        tag->setBuddy(m_controls.widget(box));
+    };
+    addSmallTag(index == 0 ? "topTag0" : "topTag1", "Top:", element(maxLabel0, index));
+    addSmallTag(index == 0 ? "bottomTag0" : "bottomTag1", "Bottom:", element(minLabel0, index));
+    const auto addSmallCheck = [&](Control check) {
+        addCheck(check, *m_frame);
+        m_controls.widget(check)->setFont(smallPrint(font()));
+    };
+    addSmallCheck(element(scaleBox0, index));
+    if (index == 0) return;
+    addSmallCheck(refCheck);
+    m_controls.add(refBox, new RangeBox(m_frame));
 }
 
-void MainForm::buildStatusBar()
+void MainForm::buildCueRows()
 {
-    auto* bar = statusBar();
-    m_controls.add(Control::sbStatusBar, bar);
-    auto* first = new ElidedLabel;
-    auto* second = new ElidedLabel;
-    m_controls.add(Control::statusPanel1, first);
-    m_controls.add(Control::statusPanel2, second);
-    bar->setContentsMargins(kGap, 0, 0, 0);
-    bar->addWidget(first, 1);
-    bar->addWidget(second, 1);
+    using enum Control;
+    addTag(*m_desk, "Label3", "Columns:");
+    addTag(*m_desk, "Label6", "Rows:");
+    addTag(*m_desk, "Label12", "In:");
+    addTag(*m_desk, "Label4", "Base:");
+    addTag(*m_desk, "Label5", "Out:");
+    addTag(*m_desk, "dateTag", "DOY:");
+    addTag(*m_desk, "timeTag", "Time:");
+    for (const Control cue : {colLabel, rowLabel, inLabel, baseLabel, outLabel, dateLabel, timeLabel})
+        addValue(cue, *m_desk);
+    addCheck(highBox, *m_desk);
+    m_controls.widget(highBox)->setToolTip(QStringLiteral("Check this if the values are lower than the baseline"));
 }
 
-QPushButton* MainForm::addButton(Control control)
+QLabel* MainForm::addTag(QWidget& owner, const char* name, const char* text, Qt::Alignment alignment)
 {
-    auto* button = new QPushButton;
+    auto* tag = new QLabel(qt(text), &owner);
+    tag->setObjectName(qt(name));
+    tag->setAlignment(alignment | Qt::AlignVCenter);
+    return tag;
+}
+
+void MainForm::addButton(Control control, QWidget& owner)
+{
+    auto* button = new QPushButton(&owner);
     m_controls.add(control, button);
     button->setAutoDefault(false);
-    return button;
 }
 
-QCheckBox* MainForm::addCheck(Control control)
+void MainForm::addCheck(Control control, QWidget& owner)
 {
-    auto* box = new QCheckBox;
-    m_controls.add(control, box);
-    return box;
+    m_controls.add(control, new QCheckBox(&owner));
 }
 
-QLabel* MainForm::addValue(Control control, const char* widest)
+void MainForm::addValue(Control control, QWidget& owner)
 {
-    auto* label = new QLabel;
+    auto* label = new ElidedLabel(&owner);
     label->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    label->setMinimumWidth(label->fontMetrics().horizontalAdvance(qt(widest)));
     m_controls.add(control, label);
-    return label;
 }
 
-QLineEdit* MainForm::addBox(Control control)
-{
-    auto* box = new QLineEdit;
-    box->setAlignment(Qt::AlignRight);
-    box->setFixedWidth(box->fontMetrics().horizontalAdvance(qt(kWidestReading)) + 2 * kGap);
-    box->setFixedHeight(box->fontMetrics().height() + kGap); // five rows have to fit beside the smallest plot
-    m_controls.add(control, box);
-    return box;
-}
-
-QComboBox* MainForm::addList(int index)
+void MainForm::addList(int index)
 {
     const auto i = static_cast<std::size_t>(index);
-    auto* list = new CalmList;
+    auto* list = new CalmList(m_desk);
     m_listModels[i] = new ColumnListModel(list);
     list->setModel(m_listModels[i]);
     list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
@@ -305,7 +257,6 @@ QComboBox* MainForm::addList(int index)
     list->setMaxVisibleItems(24);
     if (auto* view = qobject_cast<QListView*>(list->view())) view->setUniformItemSizes(true);
     m_controls.add(element(Control::varList0, index), list);
-    return list;
 }
 
 void MainForm::setTabOrders()

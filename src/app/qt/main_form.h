@@ -11,22 +11,19 @@
 #include <string>
 #include <vector>
 
-class QBoxLayout;
-class QCheckBox;
 class QComboBox;
-class QGridLayout;
 class QLabel;
-class QLineEdit;
-class QPushButton;
 class QScrollBar;
+class QStatusBar;
 
 namespace tarvelint {
 
 class ColumnListModel;
 class PlotArea;
+class PlotsFrame;
 
-/// What is seen of `frmMain`: builds the widgets of one data window, gives them places, and shows on them what it is
-/// told. Runs nothing by itself. Widgets bear their controls' given names.
+/// What is seen of `frmMain`: builds the widgets of one data window, puts them where `placeControls` says, and shows on
+/// them what it is told. Runs nothing by itself. Widgets bear their controls' given names.
 class MainForm : public QMainWindow {
     Q_OBJECT
 public:
@@ -38,31 +35,46 @@ public:
     [[nodiscard]] QComboBox& list(int index) const;
     [[nodiscard]] QScrollBar& scrollBar() const;
     [[nodiscard]] PlotArea& plot(int index) const;
+    [[nodiscard]] QStatusBar& sbStatusBar() const;
 
     /// Entries (labels, or the columns' numbers) and choice (-1 none) of `varList(index)`; the labels outlive the
     /// form's events.
     void showList(int index, const std::vector<std::string>& labels, bool asLabels, int chosen);
     void showScrollBar(const ScrollBar& bar);
 
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+Q_SIGNALS:
+    /// Both plots have another size; their surfaces have it already, with the pixels that still fit.
+    void plotsResized();
+
 private:
-    [[nodiscard]] QBoxLayout* buildColumnRow();
-    [[nodiscard]] QBoxLayout* buildCommandRows();
-    [[nodiscard]] QGridLayout* buildSelectionCues();
-    [[nodiscard]] QWidget* buildFrame();
-    [[nodiscard]] QGridLayout* buildRange(int index);
-    [[nodiscard]] QGridLayout* buildCueRows();
-    void buildStatusBar();
-    [[nodiscard]] QPushButton* addButton(Control control);
-    [[nodiscard]] QCheckBox* addCheck(Control control);
-    /// @param widest  a text that fits
-    [[nodiscard]] QLabel* addValue(Control control, const char* widest);
-    [[nodiscard]] QLineEdit* addBox(Control control);
-    [[nodiscard]] QComboBox* addList(int index);
+    void buildBars(const StringTable& table);
+    void buildColumnRows();
+    void buildCommandRows();
+    void buildPlots();
+    void buildRange(int index);
+    void buildSelectionCues();
+    void buildCueRows();
+    /// Puts a widget into the form, or into the frame.
+    template <class W>
+    W* put(Control control, W* widget);
+    QLabel* addTag(QWidget& owner, const char* name, const char* text, Qt::Alignment alignment = Qt::AlignLeft);
+    void addButton(Control control, QWidget& owner);
+    void addCheck(Control control, QWidget& owner);
+    void addValue(Control control, QWidget& owner);
+    void addRangeBox(Control control);
+    void addList(int index);
     void setTabOrders();
+    void findPlaced();
+    void placeWidgets();
 
     ControlWidgets m_controls;
     std::map<Control, std::string> m_entryTexts;
     std::array<ColumnListModel*, 2> m_listModels{};
+    QWidget* m_desk = nullptr;      ///< the area below the menu bar
+    PlotsFrame* m_frame = nullptr;  ///< `Frame1`
+    std::vector<QWidget*> m_placed; ///< in the order of `placeControls`
 };
 
 } // namespace tarvelint

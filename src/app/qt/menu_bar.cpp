@@ -70,17 +70,15 @@ MenuActions buildMenus(QMainWindow& window, const StringTable& table)
     return built;
 }
 
-ToolActions buildToolBar(QMainWindow& window, const StringTable& table)
+ToolActions buildToolBar(QWidget& owner, const StringTable& table)
 {
-    ToolActions built{.bar = window.addToolBar(qt(controlRow(Control::tbToolBar).spoken)), .actions = {}};
+    ToolActions built{.bar = new QToolBar(qt(controlRow(Control::tbToolBar).spoken), &owner), .actions = {}};
     ResControl bar{ControlType::toolbar, {}, {}, {}, {}};
     for (const ToolButton& tool : toolTable()) bar.parts.push_back({ControlType::other, {}, {}, tool.toolTip, {}});
     ResControl form;
     std::vector<ResControl> controls{bar};
     loadResStrings(form, controls, table);
 
-    built.bar->setMovable(false);
-    built.bar->setFloatable(false);
     built.bar->setContextMenuPolicy(Qt::PreventContextMenu);
     built.bar->setIconSize({kIconSize, kIconSize});
     for (std::size_t i = 0; i < toolTable().size(); ++i) {

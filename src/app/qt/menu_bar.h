@@ -13,6 +13,7 @@ class QAction;
 class QIcon;
 class QMainWindow;
 class QToolBar;
+class QWidget;
 
 namespace tarvelint {
 
@@ -30,6 +31,6 @@ struct ToolActions {
     QToolBar* bar = nullptr;
     std::multimap<Control, QAction*> actions; ///< by the entry a button stands for; `Control::count` for none
 };
-[[nodiscard]] ToolActions buildToolBar(QMainWindow& window, const StringTable& table);
+[[nodiscard]] ToolActions buildToolBar(QWidget& owner, const StringTable& table);
 
 } // namespace tarvelint

@@ -16,18 +16,19 @@ public:
 
     /// What is drawn on it shows at the next repaint.
     [[nodiscard]] PlotSurface& surface() { return m_surface; }
-    [[nodiscard]] QSize sizeHint() const override { return {640, 220}; }
-    [[nodiscard]] QSize minimumSizeHint() const override { return {120, 72}; }
+    /// Gives the surface the area's size, also while the window is hidden; the pixels that still fit stay.
+    void fitSurface() { m_surface.resize(size(), devicePixelRatioF()); }
 
 Q_SIGNALS:
-    /// The area has another size; its surface has it already, with the pixels that still fit.
-    void resized(int index);
+    /// The wheel or the touchpad moved over the area, in eighths of a degree, positive away from the hand.
+    void wheelTurned(int eighthsOfDegrees, bool withCtrl);
     /// The screen's scale changed: nothing of the old pixels is left.
     void scaleChanged();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
+    void resizeEvent(QResizeEvent*) override { fitSurface(); }
+    void wheelEvent(QWheelEvent* event) override;
 
 private:
     int m_index;

@@ -11,8 +11,10 @@
 #include "dialogs/save_contents_dialog.h"
 
 #include <QApplication>
+#include <QEventLoop>
 #include <QScreen>
 #include <QStatusBar>
+#include <QTimer>
 
 #include <algorithm>
 #include <cmath>
@@ -209,12 +211,20 @@ void QtToolkit::cancelQuestions()
 
 void QtToolkit::paintStatus()
 {
-    m_frmMain.form().statusBar()->repaint();
+    m_frmMain.form().sbStatusBar().repaint();
 }
 
 void QtToolkit::letPendingEventsRun()
 {
     QCoreApplication::processEvents();
+    if (m_frmMain.isToClose()) throw WindowClosing();
+}
+
+void QtToolkit::letEventsRunFor(std::chrono::milliseconds time)
+{
+    QEventLoop loop;
+    QTimer::singleShot(time, Qt::PreciseTimer, &loop, &QEventLoop::quit);
+    loop.exec();
     if (m_frmMain.isToClose()) throw WindowClosing();
 }
 

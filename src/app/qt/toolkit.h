@@ -63,6 +63,7 @@ public:
     void unloadSaveContents() override;
     void paintStatus() override;
     void letPendingEventsRun() override;
+    void letEventsRunFor(std::chrono::milliseconds time) override;
     void unload() override;
     [[nodiscard]] Geometry geometry() const override;
     void setGeometry(const Geometry& geometry) override;

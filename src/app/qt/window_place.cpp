@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "app/qt/window_place.h"
 
+#include "view/window_layout.h"
+
 #include <algorithm>
 #include <cstdint>
 
@@ -18,7 +20,7 @@ std::int64_t shownIn(const QRect& free, const QRect& place)
 
 QSize leastSize(QSize free)
 {
-    return QSize(520, 444).boundedTo(free);
+    return QSize(kLeastWidth, kLeastHeight).boundedTo(free);
 }
 
 QRect areaOf(std::span<const QRect> free, const QRect& place)
