@@ -52,9 +52,6 @@ public:
     void showZoomEntries();
     /// Draws over what is there without erasing.
     void mnuViewRefresh_Click();
-    /// An area has another size. The scroll bar fits the main one, and the companion shows as many rows as that does,
-    /// so both are drawn after it; the companion alone is drawn by itself.
-    void Picture1_Resize(int index);
 
     /// The pointer moved to `x` of the main area. At or beyond an edge the view scrolls by `SmallChange` a pass, at most
     /// 20 passes a second, until the pointer comes back, the button is released or the record ends; with `extend` the

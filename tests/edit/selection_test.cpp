@@ -55,6 +55,47 @@ TEST(SelectAll, ofNothingEndsBeforeItBegins)
     EXPECT_EQ(empty.view.selEnd, -1);
 }
 
+TEST(ExtendSelection, movesTheEndOnThePointersSideOfTheAnchor)
+{
+    Stepping column;
+    column.view.lastClick = 15;
+    column.view.HScroll1.Value = 5;
+    column.selection.ExtendSelection(17);
+    EXPECT_EQ(column.selected(), Rows(10, 22)); // 17 + 5
+    column.selection.ExtendSelection(3);
+    EXPECT_EQ(column.selected(), Rows(8, 22));
+    EXPECT_THAT(column.calls, ElementsAre("updateCues", "updateCues"));
+}
+
+TEST(ExtendSelection, draggedBackPastTheAnchorKeepsItsFurthestRow)
+{
+    Stepping column;
+    column.select(15, 15);
+    column.view.lastClick = 15;
+    for (const float x : {25.0F, 20.0F, 15.0F, 11.0F}) column.selection.ExtendSelection(x);
+    EXPECT_EQ(column.selected(), Rows(11, 20)); // at 20 the end came back, at 15 it stayed
+}
+
+TEST(ExtendSelection, endsAtTheRecordsFirstAndLastRow)
+{
+    Stepping column;
+    column.view.lastClick = 15;
+    column.selection.ExtendSelection(300);
+    EXPECT_EQ(column.selected(), Rows(10, 39));
+    column.selection.ExtendSelection(-300);
+    EXPECT_EQ(column.selected(), Rows(0, 39));
+}
+
+TEST(ExtendSelection, roundsTheDistanceAndThenAddsTheFirstRow)
+{
+    Stepping column;
+    column.view.lastClick = 0;
+    column.view.zoomFactor = 2;
+    column.view.HScroll1.Value = 1;
+    column.selection.ExtendSelection(5); // 2.5 to 2, and 1: 3, where 3.5 would be 4
+    EXPECT_EQ(column.selected(), Rows(10, 3));
+}
+
 TEST(Skip, sharesTheBoundaryRowAndEndsAtTheLast)
 {
     Stepping column;

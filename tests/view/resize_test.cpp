@@ -2,6 +2,7 @@
 #include "view/scrolling.h"
 
 #include "support/test_window.h"
+#include "window/plot_scale.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -11,32 +12,29 @@ namespace {
 
 using testing::ElementsAre;
 
-/// 1000 rows, of which 100 fit the main area.
-struct Resized : TestWindow {
-    Scrolling scrolling{*this};
-
-    Resized()
-    {
-        record.allocate(1, 1000);
-        fakeUi.surfaces[0].width = 100;
-    }
-};
-
-TEST(Resize, ofTheMainAreaFitsTheBarAndThenDrawsBoth)
+TEST(Resize, fitsTheBarAndThenDrawsBothAreas)
 {
-    Resized window;
-    window.scrolling.Picture1_Resize(0);
+    TestWindow window;
+    Scrolling scrolling{window};
+    window.record.allocate(1, 1000);
+    window.fakeUi.surfaces[0].width = 100;
+    scrolling.Form_Resize();
     EXPECT_EQ(window.view.HScroll1.Max, 899); // 1000 - 100 - 1
     EXPECT_EQ(window.view.HScroll1.LargeChange, 100);
     EXPECT_THAT(window.calls, ElementsAre("redraw 0 True", "redraw 1 True"));
 }
 
-TEST(Resize, ofTheCompanionDrawsThatAndLeavesTheBarAlone)
+TEST(Resize, keepsTheLastRowWithinReach)
 {
-    Resized window;
-    window.scrolling.Picture1_Resize(1);
-    EXPECT_EQ(window.view.HScroll1.Max, 0);
-    EXPECT_THAT(window.calls, ElementsAre("redraw 1 True"));
+    TestWindow window;
+    Scrolling scrolling{window};
+    window.record.allocate(1, 1000);
+    for (const float width : {100.0F, 453.0F, 933.0F}) {
+        window.fakeUi.surfaces[0].width = width;
+        scrolling.Form_Resize();
+        window.setScrollValue(window.view.HScroll1.Max);
+        EXPECT_EQ(lastVisibleRow(width, 1, window.view.HScroll1.Value, 1000), 999) << width;
+    }
 }
 
 } // namespace
