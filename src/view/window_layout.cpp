@@ -46,9 +46,9 @@ constexpr double kPlotLeft = 60 * kPixel; // in the frame
 constexpr double kPlotTop = 60 * kPixel;
 constexpr double kScrollBarHeight = 16 * kPixel;
 
-// Beside the least plot of 80 pixels three boxes and two check boxes have to find room.
+// Beside the least plot of 78 to 80 pixels three boxes and two check boxes have to find room.
 constexpr double kRangeWidth = 57 * kPixel;
-constexpr double kBoxHeight = 16 * kPixel;
+constexpr double kBoxHeight = 15 * kPixel;
 constexpr double kCheckHeight = 14 * kPixel;
 constexpr double kTagHeight = 11 * kPixel;
 constexpr double kRangeStep = 220; // from check box to check box
