@@ -121,6 +121,7 @@ void FileCommands::resetForNewRecord()
     m_sensors.clear();
     m_view.curSensor = -1;
     m_view.dropPoint();
+    m_view.rowCursor = -1;
     m_view.hoverRow = m_view.selStart = m_view.selEnd = m_view.lastClick = 0;
     m_undo.forget();
     m_window.resetScrollBar();

@@ -11,13 +11,31 @@ namespace tarvelint {
 
 void HandlerBoundary::command(const std::function<void()>& body)
 {
-    if (m_busy) return;
-    const Raised busy(m_busy);
-    const Pointer pointer = m_window.pointer();
-    const std::string status = m_window.text(Control::statusPanel1);
-    if (guarded(body)) return;
-    m_window.setPointer(pointer);
-    m_window.setStatus(1, status);
+    if (m_window.view.isHeld && !m_busy) return;
+    gesture(body);
+}
+
+void HandlerBoundary::gesture(const std::function<void()>& body)
+{
+    if (m_busy) return remindOfValueDialog();
+    {
+        const Raised busy(m_busy);
+        const Pointer pointer = m_window.pointer();
+        const std::string status = m_window.text(Control::statusPanel1);
+        if (!guarded(body)) {
+            m_window.setPointer(pointer);
+            m_window.setStatus(1, status);
+        }
+    }
+    if (const auto next = std::exchange(m_afterwards, nullptr)) command(next);
+}
+
+/// What is dropped because a value is being typed brings the dialog to mind.
+void HandlerBoundary::remindOfValueDialog()
+{
+    if (!m_window.dialogs.isValueDialogOpen()) return;
+    m_window.ui.beep();
+    m_window.dialogs.raiseValueDialog();
 }
 
 void HandlerBoundary::answer(const std::function<void()>& body)

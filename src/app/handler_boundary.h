@@ -4,6 +4,7 @@
 #include "window/window.h"
 
 #include <functional>
+#include <utility>
 
 namespace tarvelint {
 
@@ -15,12 +16,16 @@ class HandlerBoundary {
 public:
     explicit HandlerBoundary(Window& window) : m_window(window) {}
 
-    /// A menu entry, button or key: dropped, never queued, while another command runs. When it fails, pointer and
-    /// status text are as they were before it.
+    /// A menu entry, button or key: dropped, never queued, while another command runs or the button is held on the
+    /// plot. When it fails, pointer and status text are as they were before it.
     void command(const std::function<void()>& body);
     /// A button or the closing of a dialog that a command may be waiting for: always taken, also in the middle of a
     /// command, which goes on when the answer fails.
     void answer(const std::function<void()>& body);
+    /// What the pointer does on the plot: like a command, also while it holds the button.
+    void gesture(const std::function<void()>& body);
+    /// The key or press that ends scrolling at an edge: a command once that has unwound.
+    void afterwards(std::function<void()> body) { m_afterwards = std::move(body); }
     /// A repaint, resize or pointer position: always taken, also in the middle of a command.
     void record(const std::function<void()>& body);
     [[nodiscard]] bool isBusy() const { return m_busy; }
@@ -28,10 +33,12 @@ public:
 private:
     /// False when `body` did not run to its end.
     [[nodiscard]] bool guarded(const std::function<void()>& body);
+    void remindOfValueDialog();
     void show(const std::string& text, const std::string& title);
 
     Window& m_window;
     bool m_busy = false;
+    std::function<void()> m_afterwards;
 };
 
 } // namespace tarvelint

@@ -4,6 +4,7 @@
 #include "window/window.h"
 
 #include <cmath>
+#include <optional>
 
 namespace tarvelint {
 
@@ -95,10 +96,38 @@ bool setPoint(DataSet& data, Sensors& sensors, std::int32_t sensor, std::int32_t
     return true;
 }
 
+void dropPoints(DataSet& data, Sensors& sensors, std::int32_t sensor, std::int32_t first, std::int32_t last)
+{
+    if (!sensors.has(sensor) || sensors.lines() != data.lines || !data.hasRow(first)) return;
+    // Removing the points from left to right stretches one segment, from the point before the first of them, to the
+    // next point each time. What a later step writes covers the earlier ones, but a segment that ends in a missing
+    // reading is left alone: so only the last that is drawn counts, and then the last step of all.
+    const std::int32_t column = sensors.column(sensor);
+    const auto readings = data.values.column(kUnconverted, column);
+    std::optional<std::int32_t> gap;
+    std::optional<std::int32_t> drawn;
+    const auto left = sensors.pointUpTo(sensor, first - 1);
+    for (auto point = sensors.pointFrom(sensor, first); point && *point <= last;) {
+        sensors.setPoint(sensor, *point, false);
+        sensors.markEdited();
+        gap = point;
+        point = sensors.pointFrom(sensor, *point + 1);
+        if (point && *point <= last && !data.isBlank(readings[*point])) drawn = point;
+    }
+    if (left && drawn) turboCalc(data, column, *left, *drawn);
+    if (!gap) sensors.setPoint(sensor, first, false);
+    recomputeAcross(data, sensors, sensor, gap.value_or(first));
+}
+
 void BaselinePoints::setPoint(std::int32_t toPoint, std::int32_t fromPoint, bool dlt)
 {
-    if (tarvelint::setPoint(m_window.record, m_window.sensors, m_window.view.curSensor, toPoint, fromPoint, dlt))
-        m_window.markChanged();
+    Sensors& sensors = m_window.sensors;
+    const std::int32_t sensor = m_window.view.curSensor;
+    // A point that is set again on its own row, or a row unmarked that bears no mark, leaves the points as they are.
+    const bool changes = dlt == sensors.isPoint(sensor, toPoint) || (!dlt && fromPoint > -1 && fromPoint != toPoint);
+    if (!tarvelint::setPoint(m_window.record, sensors, sensor, toPoint, fromPoint, dlt)) return;
+    if (changes) sensors.markEdited();
+    m_window.markChanged();
 }
 
 void BaselinePoints::interpolate()
@@ -123,15 +152,10 @@ void BaselinePoints::interpolate()
 
 void BaselinePoints::dropPointsInSelection()
 {
-    const View& view = m_window.view;
-    bool found = false;
-    for (std::int32_t r = view.selStart; r <= view.selEnd; ++r) {
-        if (!m_window.sensors.isPoint(view.curSensor, r)) continue;
-        setPoint(r, -1, true);
-        found = true;
-    }
-    // Unmarking a row that bears no mark recomputes the segment around it from the new readings.
-    if (!found) setPoint(view.selStart, -1, true);
+    dropPoints(m_window.record, m_window.sensors, m_window.view.curSensor, m_window.view.selStart,
+               m_window.view.selEnd);
+    if (!m_window.sensors.isPoint(m_window.view.curSensor, m_window.view.markRow)) m_window.view.markRow = -1;
+    m_window.markChanged();
 }
 
 } // namespace tarvelint

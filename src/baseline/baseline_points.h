@@ -22,6 +22,10 @@ void turboCalc(DataSet& data, std::int32_t column, std::int32_t lPoint, std::int
 bool setPoint(DataSet& data, Sensors& sensors, std::int32_t sensor, std::int32_t toPoint, std::int32_t fromPoint,
               bool dlt);
 
+/// Unmarks every point of a sensor in the rows `first` to `last`, one after the other, and recomputes around each;
+/// where there is none, around `first` once. Costs as much as its rows, however many points there are.
+void dropPoints(DataSet& data, Sensors& sensors, std::int32_t sensor, std::int32_t first, std::int32_t last);
+
 /// The baseline points of the sensor column on view.
 class BaselinePoints {
 public:
@@ -33,10 +37,10 @@ public:
     /// Straight line over the selection in the layer on view, missing ends taken as the numbers they are. A selection
     /// of one row beeps. On readings under `Turbo`, the points inside the selection go.
     void interpolate();
-
-private:
+    /// The points inside the selection go; the sensor exists.
     void dropPointsInSelection();
 
+private:
     Window& m_window;
 };
 

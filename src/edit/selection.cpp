@@ -15,6 +15,44 @@ void Selection::mnuEditSelectAll_Click()
     m_window.showAll();
 }
 
+void Selection::shrinkRight()
+{
+    if (m_view.selEnd <= 0 || m_view.selEnd <= m_view.selStart) return;
+    --m_view.selEnd;
+    m_window.showAll();
+}
+
+void Selection::shrinkLeft()
+{
+    if (m_view.selStart >= m_view.selEnd) return;
+    ++m_view.selStart;
+    m_window.showAll();
+}
+
+void Selection::growRight()
+{
+    if (m_view.selEnd >= m_record.lines - 1) return;
+    ++m_view.selEnd;
+    scrollOrDraw(m_view.HScroll1.Value + static_cast<double>(m_ui.surface(0).scaleWidth()) < m_view.selEnd,
+                 m_view.HScroll1.Value + 1);
+}
+
+void Selection::growLeft()
+{
+    if (m_view.selStart <= 0) return;
+    --m_view.selStart;
+    scrollOrDraw(m_view.selStart < m_view.HScroll1.Value, m_view.selStart);
+}
+
+/// Scrolling draws both areas by itself.
+void Selection::scrollOrDraw(bool scrolls, std::int32_t firstRow)
+{
+    const std::int32_t before = m_view.HScroll1.Value;
+    if (scrolls) m_window.setScrollValue(firstRow);
+    if (m_view.HScroll1.Value == before) m_window.redrawBoth();
+    m_window.updateCues();
+}
+
 void Selection::ExtendSelection(float x)
 {
     const std::int32_t rows = roundToInt32(static_cast<double>(x) / m_view.zoomFactor);

@@ -14,6 +14,11 @@ public:
 
     /// Every row; of an empty record none, so that the selection ends at -1.
     void mnuEditSelectAll_Click();
+    /// The arrow keys: one row fewer at the right or left end, one more there.
+    void shrinkRight();
+    void shrinkLeft();
+    void growRight();
+    void growLeft();
     /// Draws the end on the pointer's side to `x` (plot units of the main area), at most to the record's ends, and
     /// refreshes the cues. The other end stays, so a drag to the right and back past the anchor keeps its furthest row.
     void ExtendSelection(float x);
@@ -23,6 +28,7 @@ public:
     bool skip(bool draws);
 
 private:
+    void scrollOrDraw(bool scrolls, std::int32_t firstRow);
     void show(bool draws);
 
     Window& m_window;

@@ -71,11 +71,20 @@ void ColumnSetup::OKButton_Click()
     // Everything that can fail is read first: a number that cannot be used leaves the window as it was.
     ColumnChoices choices{m_labels, boxes.checkBox, boxes.saveBox, std::nullopt};
     if (boxes.turboCheck) choices.zeroFlow = readParameters();
+    if (choices.zeroFlow && !mayReplacePoints()) return;
     m_applied = boxes;
     applyColumnSetup(m_parentForm, choices);
     hide();
     m_parentForm.showMode();
     ColumnLists(m_parentForm).varList_Change(0); // now with the sensor ordinal of the column on view
+}
+
+bool ColumnSetup::mayReplacePoints() const
+{
+    if (!m_parentForm.sensors.areEdited()) return true;
+    return m_parentForm.ui.messageBox({"Baseline points were changed by hand since the last pre-process. Running it again "
+                                       "replaces all of them.",
+                                       "VPD pre-process", Buttons::okCancel, Icon::warning}) == Answer::ok;
 }
 
 void ColumnSetup::CancelButton_Click()

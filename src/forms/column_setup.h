@@ -78,6 +78,7 @@ public:
 
 private:
     [[nodiscard]] ZeroFlowSettings readParameters() const;
+    [[nodiscard]] bool mayReplacePoints() const;
     void takeRecord();
     void hide();
 

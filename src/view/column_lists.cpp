@@ -27,6 +27,10 @@ void ColumnLists::showEntries(bool asLabels)
 
 void ColumnLists::choose(int index, std::int32_t entry)
 {
+    if (index == 0 && entry != m_view.curCol() && m_view.chainActive) {
+        m_view.chainActive = false; // the chain's last click belongs to the column it was made in
+        m_window.setPointer(Pointer::northSouth);
+    }
     m_view.chosenColumn.at(static_cast<std::size_t>(index)) = entry;
     m_ui.listChanged(index);
     varList_Change(index);

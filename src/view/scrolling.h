@@ -53,13 +53,16 @@ public:
     /// Draws over what is there without erasing.
     void mnuViewRefresh_Click();
 
-    /// The pointer moved to `x` of the main area. At or beyond an edge the view scrolls by `SmallChange` a pass, at most
-    /// 20 passes a second, until the pointer comes back, the button is released or the record ends; with `extend` the
-    /// selection is drawn along, elsewhere too. While it scrolls, another call does nothing.
+    /// The pointer moved to `x` of the main area. At or beyond an edge the view scrolls by `SmallChange` a pass, at
+    /// most 20 passes a second, until the pointer comes back, the button is released or the record ends; with `extend`
+    /// the selection is drawn along, elsewhere too. While it scrolls, another call does nothing.
     void doScroll(float x, bool extend);
 
+    [[nodiscard]] bool isAtEdge() const { return m_isAtEdge; }
+
     /// The wheel was turned over a plot, in eighths of a degree, positive away from the hand: each 15 degrees scroll by
-    /// `SmallChange`, away towards earlier rows, or with `zooms` zoom in or out while the entry is enabled. Less adds up.
+    /// `SmallChange`, away towards earlier rows, or with `zooms` zoom in or out while the entry is enabled. Less adds
+    /// up.
     void turnWheel(int eighthsOfDegrees, bool zooms);
     /// One screen back or on, to the first row, to the last screen.
     enum class ScrollKey { pageUp, pageDown, home, end };

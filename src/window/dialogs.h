@@ -46,6 +46,13 @@ public:
     virtual void showSaveContents() = 0;
     /// The dialog goes: its plain half is about to be destroyed.
     virtual void unloadSaveContents() = 0;
+
+    /// Shows the value dialog, which all windows share, over this one with `old` in both places, and waits for its end;
+    /// the window goes on answering. What was typed; none without OK.
+    [[nodiscard]] virtual std::optional<std::string> askValue(const std::string& old) = 0;
+    /// It is open, for this or another window.
+    [[nodiscard]] virtual bool isValueDialogOpen() const = 0;
+    virtual void raiseValueDialog() = 0;
 };
 
 } // namespace tarvelint

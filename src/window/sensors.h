@@ -23,7 +23,11 @@ public:
         m_sensorCols = std::move(sensorCols);
         m_lines = lines;
         m_basePoints.assign(m_sensorCols.size() * static_cast<std::size_t>(lines), false);
+        m_areEdited = false;
     }
+    /// Points were added, moved or removed by the user since they were placed.
+    [[nodiscard]] bool areEdited() const { return m_areEdited; }
+    void markEdited() { m_areEdited = true; }
     /// The record is another one: no sensor, no point.
     void clear() { assign({}, 0); }
 
@@ -78,6 +82,7 @@ private:
     std::vector<std::int32_t> m_sensorCols;
     std::vector<bool> m_basePoints; ///< row by row of one sensor after the other
     std::int32_t m_lines = 0;
+    bool m_areEdited = false;
 };
 
 } // namespace tarvelint

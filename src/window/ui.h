@@ -43,6 +43,8 @@ public:
     /// Keys go to this control from now on.
     virtual void focus(Control control) = 0;
     virtual void beep() = 0;
+    /// What the main area says beside the pointer; empty for nothing.
+    virtual void setPlotToolTip(const std::string& text) = 0;
     /// Waits for the answer. A box closed in any other way gives the least harmful one: OK where there is nothing else,
     /// No to yes or no, else Cancel.
     virtual Answer messageBox(const Message& message) = 0;

@@ -57,6 +57,8 @@ struct View {
     // Pointer over the main area
     float pointerX = 0;          ///< latest place, plot units from the left edge
     bool buttonReleased = false; ///< ends the scrolling at an edge
+    bool isHeld = false;         ///< the left button was pressed there and is not released yet
+    std::int32_t rowCursor = -1; ///< the row that the keyboard points at, -1 none
 
     // Modes
     bool Turbo = false;    ///< baseline points drive the fixed conversion

@@ -118,23 +118,23 @@ void Window::showPanel2()
     setText(Control::statusPanel2, shown);
 }
 
-void Window::showMode()
+void Window::showMode(bool withPointer)
 {
     if (view.lineMode && view.Sloppy)
-        showModeAs("Mode: sloppy one-click");
+        showModeAs("Mode: sloppy one-click", withPointer);
     else
-        showModeAs(view.lineMode ? kOneClick : "Mode: traditional, edit data");
+        showModeAs(view.lineMode ? kOneClick : "Mode: traditional, edit data", withPointer);
 }
 
 void Window::showModeAfterLoad()
 {
-    showModeAs(view.lineMode ? kOneClick : "Mode: select data");
+    showModeAs(view.lineMode ? kOneClick : "Mode: select data", true);
 }
 
-void Window::showModeAs(const char* text)
+void Window::showModeAs(const char* text, bool withPointer)
 {
     setStatus(1, text);
-    setPointer(view.lineMode ? Pointer::northSouth : Pointer::cross);
+    if (withPointer) setPointer(view.lineMode ? Pointer::northSouth : Pointer::cross);
 }
 
 void Window::setPointer(Pointer shape)

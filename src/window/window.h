@@ -67,7 +67,8 @@ public:
     /// ", no zero flow found": the last pre-process of this record placed no point.
     void setNoZeroFlow(bool on);
     /// Status text and plot pointer of the editing mode in force.
-    void showMode();
+    /// @param withPointer  False where a chain may go on, whose pointer stays
+    void showMode(bool withPointer = true);
     /// The same in the words for a record just loaded.
     void showModeAfterLoad();
     [[nodiscard]] Pointer pointer() const { return m_pointer; }
@@ -106,6 +107,12 @@ public:
     virtual void updateCues() = 0;
     /// Keeps a copy of the selected rows of a column, all layers, as what Undo brings back.
     virtual void undoSave(std::int32_t column) = 0;
+    /// Marks or unmarks a row of the sensor column on view as a baseline point, see `BaselinePoints::setPoint`.
+    virtual void setPoint(std::int32_t toPoint, std::int32_t fromPoint, bool dlt) = 0;
+    /// The work of "&Convert"; with `draws` False what it changed is left for the caller to show.
+    virtual void convertSelection(bool draws) = 0;
+    /// Scrolls while the pointer stays at an edge of the main area, see `Scrolling::doScroll`.
+    virtual void doScroll(float x, bool extend) = 0;
     /// Draws the selection's end on the pointer's side to `x` (plot units of the main area) and refreshes the cues.
     virtual void ExtendSelection(float x) = 0;
     /// Moves the selection one span to the right and, with `draws`, shows that.
@@ -121,7 +128,7 @@ private:
     template <class Self>
     static auto& checkOf(Self& self, Control which);
     [[nodiscard]] bool isVisible(Control which) const;
-    void showModeAs(const char* text);
+    void showModeAs(const char* text, bool withPointer);
     void showPanel2();
     [[nodiscard]] std::int32_t scrollClipped(std::int32_t value) const;
     bool placeScrollBar(std::int32_t value);

@@ -168,6 +168,23 @@ public:
     [[nodiscard]] Surface& surface(int index) override { return surfaces.at(static_cast<std::size_t>(index)); }
     void focus(Control control) override { focused.push_back(control); }
     void beep() override { ++beeps; }
+    void setPlotToolTip(const std::string& text) override { plotToolTip = text; }
+    std::string plotToolTip;
+    [[nodiscard]] std::optional<std::string> askValue(const std::string& old) override
+    {
+        valuesAsked.push_back(old);
+        if (onValueDialog) onValueDialog();
+        if (typedValues.empty()) throw std::logic_error("unexpected value dialog");
+        auto typed = typedValues.front();
+        typedValues.pop_front();
+        return typed;
+    }
+    [[nodiscard]] bool isValueDialogOpen() const override { return valueDialogOpen; }
+    void raiseValueDialog() override { log.push_back("raise value dialog"); }
+    std::vector<std::string> valuesAsked;
+    std::deque<std::optional<std::string>> typedValues; ///< none: Cancel
+    std::function<void()> onValueDialog;
+    bool valueDialogOpen = false;
     Answer messageBox(const Message& message) override
     {
         messages.push_back(message);

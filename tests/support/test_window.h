@@ -30,6 +30,12 @@ public:
     void redraw(int index, bool clear) override { note("redraw", index, clear); }
     void updateCues() override { calls.emplace_back("updateCues"); }
     void undoSave(std::int32_t column) override { note("undoSave", column); }
+    void setPoint(std::int32_t toPoint, std::int32_t fromPoint, bool dlt) override
+    {
+        note("setPoint", toPoint, fromPoint, dlt);
+    }
+    void convertSelection(bool draws) override { note("convertSelection", draws); }
+    void doScroll(float x, bool extend) override { note("doScroll", static_cast<std::int32_t>(x), extend); }
     void ExtendSelection(float x) override { note("ExtendSelection", static_cast<std::int32_t>(x)); }
     bool skip(bool draws) override
     {

@@ -61,7 +61,10 @@ void ControlWidgets::showEntry(Control control, const ControlState& state)
 
 void ControlWidgets::showText(QWidget& shown, Control control, const QString& text)
 {
-    if (auto* label = qobject_cast<QLabel*>(&shown)) {
+    if (control == Control::Picture1_0) {
+        const QString name = QString::fromUtf8(controlRow(control).spoken);
+        shown.setAccessibleName(text.isEmpty() ? name : name + QStringLiteral(": ") + text); // the row cursor's place
+    } else if (auto* label = qobject_cast<QLabel*>(&shown)) {
         if (label->text() == text && !label->accessibleName().isEmpty()) return;
         label->setText(text);
         // Readers are told the accessible name in place of the text: the value has to follow it.

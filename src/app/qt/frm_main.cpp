@@ -2,6 +2,7 @@
 #include "app/qt/frm_main.h"
 
 #include "app/qt/plot_area.h"
+#include "app/qt/plot_key_events.h"
 #include "app/qt/window_list.h"
 
 #include <QCheckBox>
@@ -14,7 +15,6 @@
 #include <QWindow>
 #include <QWindowStateChangeEvent>
 
-#include <map>
 #include <utility>
 
 namespace tarvelint {
@@ -77,6 +77,11 @@ void FrmMain::wireCommands()
     on(mnuToolsRecalculateAll, [&core] { core.recalculation.mnuToolsRecalculateAll_Click(); });
     on(mnuToolsOptions, [&core] { core.lifecycle.mnuToolsOptions_Click(); });
     on(eqButton, [&core] { core.lifecycle.eqButton_Click(); });
+    on(mnuEditClear, [&core] { core.tools.mnuEditClear_Click(); });
+    on(mnuToolsDelete, [&core] { core.tools.mnuToolsDelete_Click(); });
+    on(mnuToolsInterpolate, [&core] { core.tools.mnuToolsInterpolate_Click(); });
+    on(mnuToolsBreak, [&core] { core.pointing.mnuToolsBreak_Click(); });
+    on(mnuToolsMode, [&core] { core.pointing.mnuToolsMode_Click(); });
     on(mnuEditSelectAll, [&core] { core.selection.mnuEditSelectAll_Click(); });
     on(mnuHelpAbout, [this] { m_windows.showAbout(m_form); });
     on(labelButton, [&core] { core.forms.labelButton_Click(); });
@@ -165,6 +170,41 @@ void FrmMain::wirePlots()
         connect(&plot, &PlotArea::wheelTurned, this,
                 [this](int angle, bool zooms) { command([&] { m_core.scrolling.turnWheel(angle, zooms); }); });
     }
+    wirePointer();
+}
+
+void FrmMain::wirePointer()
+{
+    const PlotArea& plot = m_form.plot(0);
+    connect(&plot, &PlotArea::pressed, this, &FrmMain::takePress);
+    connect(&plot, &PlotArea::doubleClicked, this, [this](const PointerPress& press) {
+        if (press.button != PointerButton::left) return takePress(press);
+        gesture([&] { m_core.pointing.Picture1_DblClick(); });
+    });
+    connect(&plot, &PlotArea::moved, this, [this](float x) {
+        if (isBusy()) return record([&] { m_core.pointing.moveWhileBusy(x); });
+        gesture([&] { m_core.pointing.Picture1_MouseMove(x); });
+    });
+    connect(&plot, &PlotArea::released, this, [this](float x) {
+        if (isBusy()) return record([&] { m_core.pointing.releaseWhileBusy(); });
+        gesture([&] { m_core.pointing.Picture1_MouseUp(x); });
+    });
+    connect(&plot, &PlotArea::left, this, [this] { record([&] { m_core.pointing.endHoverScrolling(); }); });
+}
+
+void FrmMain::takePress(const PointerPress& press)
+{
+    if (endsScrolling([this, press] { m_core.pointing.Picture1_MouseDown(press); })) return;
+    gesture([&] { m_core.pointing.Picture1_MouseDown(press); });
+}
+
+/// While the plot scrolls by itself, without a button, a key or press ends that and is carried out afterwards.
+bool FrmMain::endsScrolling(const std::function<void()>& body)
+{
+    if (!m_core.scrolling.isAtEdge() || m_core.view.isHeld) return false;
+    record([&] { m_core.pointing.endHoverScrolling(); });
+    m_core.boundary.afterwards(body);
+    return true;
 }
 
 void FrmMain::redrawBoth()
@@ -187,7 +227,21 @@ void FrmMain::answer(const std::function<void()>& body)
 void FrmMain::command(const std::function<void()>& body)
 {
     m_core.boundary.command(body);
+    showAll();
+    closeWhenUnwound();
+}
+
+void FrmMain::showAll()
+{
     m_toolkit.showAll();
+    const bool hasCursor = m_core.view.rowCursor >= 0;
+    m_form.plot(0).showRowCursor(hasCursor ? std::optional(static_cast<int>(m_core.keys.cursorX())) : std::nullopt);
+}
+
+void FrmMain::gesture(const std::function<void()>& body)
+{
+    m_core.boundary.gesture(body);
+    showAll();
     closeWhenUnwound();
 }
 
@@ -257,11 +311,14 @@ bool FrmMain::eventFilter(QObject* watched, QEvent* event)
         if (watched == &m_form && wasMinimised && !m_form.isMinimized()) redrawBoth();
         break;
     }
+    case QEvent::WindowDeactivate:
+        if (watched == &m_form && m_core.view.isHeld) record([&] { m_core.pointing.endGesture(); });
+        break;
     case QEvent::FocusIn:
         if (watched == &m_form.scrollBar()) record([&] { m_core.scrolling.HScroll1_GotFocus(); });
         break;
     case QEvent::KeyPress:
-        if (watched == &m_form) return takeScrollKey(*static_cast<QKeyEvent*>(event));
+        if (watched == &m_form) return takePlotKey(*static_cast<QKeyEvent*>(event));
         if (const auto* box = qobject_cast<QLineEdit*>(watched)) return takeKey(*box, *static_cast<QKeyEvent*>(event));
         break;
     default: break;
@@ -269,14 +326,19 @@ bool FrmMain::eventFilter(QObject* watched, QEvent* event)
     return false;
 }
 
-bool FrmMain::takeScrollKey(const QKeyEvent& key)
+/// A key that no control in focus has taken.
+bool FrmMain::takePlotKey(const QKeyEvent& key)
 {
-    using enum Scrolling::ScrollKey;
-    static const std::map<int, Scrolling::ScrollKey> kKeys{
-        {Qt::Key_PageUp, pageUp}, {Qt::Key_PageDown, pageDown}, {Qt::Key_Home, home}, {Qt::Key_End, end}};
-    const auto found = kKeys.find(key.key());
-    if (found == kKeys.end() || (key.modifiers() & ~Qt::KeypadModifier) != Qt::NoModifier) return false;
-    command([&] { m_core.scrolling.pressScrollKey(found->second); });
+    const QWidget* focused = m_form.focusWidget();
+    if (qobject_cast<const QLineEdit*>(focused) != nullptr || qobject_cast<const QComboBox*>(focused) != nullptr)
+        return false;
+    if (key.key() == Qt::Key_Escape && m_core.view.isHeld) {
+        record([&] { m_core.pointing.endGesture(); });
+        return true;
+    }
+    const std::function<void()> body = plotKeyHandler(m_core, key, focused == &m_form.plot(0));
+    if (!body) return false;
+    if (!endsScrolling(body)) command(body);
     return true;
 }
 

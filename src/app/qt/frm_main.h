@@ -51,7 +51,12 @@ private:
     void wireReferenceBox();
     void wireScrollBar();
     void wirePlots();
-    [[nodiscard]] bool takeScrollKey(const QKeyEvent& key);
+    void wirePointer();
+    void takePress(const PointerPress& press);
+    void gesture(const std::function<void()>& body);
+    [[nodiscard]] bool endsScrolling(const std::function<void()>& body);
+    [[nodiscard]] bool takePlotKey(const QKeyEvent& key);
+    void showAll();
     [[nodiscard]] bool takeKey(const QLineEdit& box, const QKeyEvent& key);
     void keyInBox(const QLineEdit& box);
     void record(const std::function<void()>& body);

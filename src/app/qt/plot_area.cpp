@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/qt/plot_area.h"
 
+#include <QMouseEvent>
 #include <QPainter>
 #include <QTimer>
 #include <QWheelEvent>
@@ -9,10 +10,28 @@
 
 namespace tarvelint {
 
+namespace {
+
+float xOf(const QMouseEvent& event)
+{
+    return static_cast<float>(event.position().x());
+}
+
+PointerPress pressOf(const QMouseEvent& event)
+{
+    const PointerButton button = event.button() == Qt::LeftButton    ? PointerButton::left
+                                 : event.button() == Qt::RightButton ? PointerButton::right
+                                                                     : PointerButton::other;
+    return {button, event.modifiers() == Qt::ShiftModifier, xOf(event)};
+}
+
+} // namespace
+
 PlotArea::PlotArea(int index, QWidget* parent) : QWidget(parent), m_index(index), m_surface([this] { update(); })
 {
     setAttribute(Qt::WA_OpaquePaintEvent);
     setFocusPolicy(Qt::StrongFocus);
+    setMouseTracking(true);
 }
 
 void PlotArea::paintEvent(QPaintEvent*)
@@ -20,12 +39,44 @@ void PlotArea::paintEvent(QPaintEvent*)
     QPainter painter(this);
     painter.drawImage(0, 0, m_surface.pixels());
     if (m_index == 0) painter.fillRect(0, height() - 1, width(), 1, palette().mid()); // the companion follows at once
+    if (m_cursor) {
+        painter.setPen(QPen(palette().color(QPalette::Highlight), 1, Qt::DashLine));
+        painter.drawLine(*m_cursor, 0, *m_cursor, height() - 1);
+    }
     // A window that moves to a screen of another scale is painted anew, but not told why.
     if (m_surface.ratio() == devicePixelRatioF()) return;
     QTimer::singleShot(0, this, [this] {
         fitSurface();
         Q_EMIT scaleChanged();
     });
+}
+
+void PlotArea::showRowCursor(std::optional<int> x)
+{
+    if (x == m_cursor) return;
+    m_cursor = x;
+    update();
+}
+
+void PlotArea::mousePressEvent(QMouseEvent* event)
+{
+    setFocus(Qt::MouseFocusReason);
+    Q_EMIT pressed(pressOf(*event));
+}
+
+void PlotArea::mouseMoveEvent(QMouseEvent* event)
+{
+    Q_EMIT moved(xOf(*event));
+}
+
+void PlotArea::mouseReleaseEvent(QMouseEvent* event)
+{
+    if (event->button() == Qt::LeftButton) Q_EMIT released(xOf(*event));
+}
+
+void PlotArea::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    Q_EMIT doubleClicked(pressOf(*event));
 }
 
 void PlotArea::wheelEvent(QWheelEvent* event)

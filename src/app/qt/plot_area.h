@@ -2,8 +2,11 @@
 #pragma once
 
 #include "app/qt/plot_surface.h"
+#include "edit/plot_pointer.h"
 
 #include <QWidget>
+
+#include <optional>
 
 namespace tarvelint {
 
@@ -19,7 +22,16 @@ public:
     /// Gives the surface the area's size, also while the window is hidden; the pixels that still fit stay.
     void fitSurface() { m_surface.resize(size(), devicePixelRatioF()); }
 
+    /// The keyboard's row cursor, drawn over the plot; none while keys do not point at a row.
+    void showRowCursor(std::optional<int> x);
+
 Q_SIGNALS:
+    // The pointer on the area; `x` in plot units from its left edge.
+    void pressed(const PointerPress& press);
+    void moved(float x);
+    void released(float x);
+    void doubleClicked(const PointerPress& press);
+    void left();
     /// The wheel or the touchpad moved over the area, in eighths of a degree, positive away from the hand.
     void wheelTurned(int eighthsOfDegrees, bool withCtrl);
     /// The screen's scale changed: nothing of the old pixels is left.
@@ -29,10 +41,16 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent*) override { fitSurface(); }
     void wheelEvent(QWheelEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void leaveEvent(QEvent*) override { Q_EMIT left(); }
 
 private:
     int m_index;
     PlotSurface m_surface;
+    std::optional<int> m_cursor;
 };
 
 } // namespace tarvelint

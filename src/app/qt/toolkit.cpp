@@ -6,6 +6,7 @@
 #include "app/qt/plot_area.h"
 #include "app/qt/window_list.h"
 #include "app/qt/window_place.h"
+#include "dialogs/change_form.h"
 #include "dialogs/column_setup_dialog.h"
 #include "dialogs/file_dialogs.h"
 #include "dialogs/save_contents_dialog.h"
@@ -204,9 +205,32 @@ void QtToolkit::unloadSaveContents()
 
 void QtToolkit::cancelQuestions()
 {
+    if (ChangeForm* open = m_windows.openChangeForm(); open != nullptr && open->isFor(m_frmMain.form())) open->reject();
     const auto dialogs = m_frmMain.form().findChildren<QDialog*>();
     for (QDialog* dialog : dialogs)
         if (dialog->isVisible() && dialog != m_columnSetup) dialog->reject();
+}
+
+std::optional<std::string> QtToolkit::askValue(const std::string& old)
+{
+    const auto typed = m_windows.changeForm().ask(m_frmMain.form(), old);
+    if (m_frmMain.isToClose()) throw WindowClosing();
+    return typed;
+}
+
+bool QtToolkit::isValueDialogOpen() const
+{
+    return m_windows.openChangeForm() != nullptr;
+}
+
+void QtToolkit::raiseValueDialog()
+{
+    if (ChangeForm* open = m_windows.openChangeForm()) open->comeForward();
+}
+
+void QtToolkit::setPlotToolTip(const std::string& text)
+{
+    m_frmMain.form().plot(0).setToolTip(QString::fromStdString(text));
 }
 
 void QtToolkit::paintStatus()

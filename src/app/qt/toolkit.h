@@ -61,6 +61,10 @@ public:
     void unloadColumnSetup() override;
     void showSaveContents() override;
     void unloadSaveContents() override;
+    [[nodiscard]] std::optional<std::string> askValue(const std::string& old) override;
+    [[nodiscard]] bool isValueDialogOpen() const override;
+    void raiseValueDialog() override;
+    void setPlotToolTip(const std::string& text) override;
     void paintStatus() override;
     void letPendingEventsRun() override;
     void letEventsRunFor(std::chrono::milliseconds time) override;

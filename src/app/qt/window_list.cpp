@@ -4,6 +4,7 @@
 #include "app/qt/frm_main.h"
 #include "app/qt/frm_splash.h"
 #include "app/splash.h"
+#include "dialogs/change_form.h"
 #include "dialogs/options_dialog.h"
 
 #include <algorithm>
@@ -13,6 +14,7 @@ namespace tarvelint {
 WindowList::~WindowList()
 {
     delete m_options;
+    delete m_changeForm;
     for (FrmMain* window : mainWindows()) delete window;
 }
 
@@ -84,6 +86,20 @@ void WindowList::showOptions(Window& parent, bool selectEquation)
 void WindowList::unloadOptions()
 {
     if (m_options) m_options->close();
+}
+
+ChangeForm& WindowList::changeForm()
+{
+    if (!m_changeForm) {
+        m_changeForm = new ChangeForm;
+        opened(m_changeForm);
+    }
+    return *m_changeForm;
+}
+
+ChangeForm* WindowList::openChangeForm() const
+{
+    return m_changeForm && m_changeForm->isVisible() ? m_changeForm : nullptr;
 }
 
 void WindowList::newWindow()

@@ -15,6 +15,7 @@
 namespace tarvelint {
 
 class FrmMain;
+class ChangeForm;
 class OptionsDialog;
 
 /// All open forms in the order of their opening: main windows, their dialogs, the splash. Main windows are made and
@@ -40,6 +41,11 @@ public:
     void newWindow() override;
     void exitFrom(Window& self) override;
 
+    /// The one value dialog; made when it is first asked for, and again after it was closed by its frame.
+    [[nodiscard]] ChangeForm& changeForm();
+    /// The same while it waits for a value, else null.
+    [[nodiscard]] ChangeForm* openChangeForm() const;
+
     /// The about box: the splash once more, over the window it was asked from.
     void showAbout(QWidget& over);
 
@@ -60,6 +66,7 @@ private:
     const StringTable& m_table;
     std::vector<Form> m_forms;
     QPointer<OptionsDialog> m_options;
+    QPointer<ChangeForm> m_changeForm;
 };
 
 } // namespace tarvelint
