@@ -48,6 +48,7 @@ constexpr double kScrollBarHeight = 16 * kPixel;
 
 // Beside the least plot of 80 pixels three boxes and two check boxes have to find room.
 constexpr double kRangeWidth = 57 * kPixel;
+constexpr double kCheckWidth = 58 * kPixel; // "Reference" needs all that the mark beside the plot leaves
 constexpr double kBoxHeight = 16 * kPixel;
 constexpr double kCheckHeight = 14 * kPixel;
 constexpr double kTagHeight = 11 * kPixel;
@@ -167,7 +168,7 @@ private:
     }
 
     static Place box(double top) { return {0, top, kRangeWidth, kBoxHeight}; }
-    static Place check(double top) { return {0, top, kRangeWidth, kCheckHeight}; }
+    static Place check(double top) { return {0, top, kCheckWidth, kCheckHeight}; }
     static Place tag(double top) { return {0, top, kRangeWidth, kTagHeight}; }
 
     void placeCueRows()
