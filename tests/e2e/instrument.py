@@ -50,6 +50,7 @@ class Instrument(DeskTest):
 
     def close(self):
         keys("ctrl+q")
+        self.alert(self.program, "Close window:", "alt+n")  # the marks of the columns
         self.assert_ends_well(self.program)
 
     # ---- what the file says

@@ -55,6 +55,15 @@ public:
     static constexpr int kStart = 500;
 };
 
+/// How thick the companion's trace is where it runs level, near the left edge.
+int penWidth(const Desk& desk)
+{
+    const QImage plot = desk.plot(1);
+    int black = 0;
+    for (int y = 0; y < plot.height(); ++y) black += plot.pixelColor(6, y) == QColor(Qt::black);
+    return black;
+}
+
 } // namespace
 
 class ScrollInputTest : public QObject {
@@ -111,6 +120,24 @@ private Q_SLOTS:
             desk.turnOver(plot, 9 * kNotch, Qt::ControlModifier);
             QCOMPARE(desk.zoom(), 8);
         }
+    }
+
+    void aSavedZoomIsDrawnInThinLinesUntilTheFirstZoomCommand()
+    {
+        Desk desk(false);
+        desk.settings.values["ZoomFactor"] = "4";
+        desk.window = &desk.windows.create();
+        desk.form = &desk.window->form();
+        desk.form->show();
+        QVERIFY(QTest::qWaitForWindowExposed(desk.form));
+        desk.openSample();
+        desk.command([&] { desk.core().lists.choose(1, 2); }); // PAR: level, as the record begins at midnight
+        QCOMPARE(int(desk.core().view.zoomFactor), 4);
+        QCOMPARE(penWidth(desk), 1);
+        desk.entry("mnuViewZoomIn")->trigger();
+        QCOMPARE(penWidth(desk), 4);
+        desk.entry("mnuViewZoomOut")->trigger();
+        QCOMPARE(penWidth(desk), 3);
     }
 
     void overListsAndBoxesTheWheelChangesNothing()
