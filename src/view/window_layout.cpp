@@ -49,7 +49,7 @@ constexpr double kScrollBarHeight = 16 * kPixel;
 // Beside the least plot of 80 pixels three boxes and two check boxes have to find room.
 constexpr double kRangeWidth = 57 * kPixel;
 constexpr double kCheckWidth = 58 * kPixel; // "Reference" needs all that the mark beside the plot leaves
-constexpr double kBoxHeight = 16 * kPixel;
+constexpr double kBoxHeight = 15 * kPixel;  // one more, and two would overlap under a menu bar of 23 pixels
 constexpr double kCheckHeight = 14 * kPixel;
 constexpr double kTagHeight = 11 * kPixel;
 constexpr double kRangeStep = 220; // from check box to check box

@@ -86,14 +86,18 @@ int textRoom(const QCheckBox& box)
            box.style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing, &option, &box);
 }
 
-int textRoom(const QLineEdit& box)
+QRect insideOf(const QLineEdit& box)
 {
     QStyleOptionFrame option;
     option.initFrom(&box);
     option.lineWidth = box.style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, &box);
-    const QRect inner = box.style()->subElementRect(QStyle::SE_LineEditContents, &option, &box);
+    return box.style()->subElementRect(QStyle::SE_LineEditContents, &option, &box);
+}
+
+int textRoom(const QLineEdit& box)
+{
     constexpr int kMargin = 2; // the toolkit's own, at either end
-    return inner.width() - 2 * kMargin;
+    return insideOf(box).width() - 2 * kMargin;
 }
 
 int widthOf(const QWidget& widget, const QString& text)
