@@ -100,7 +100,7 @@ void ColumnSetupDialog::addParameterBox(QGroupBox& frame, const char* name, cons
 {
     auto* text = new QLabel(QString::fromLatin1(caption));
     auto* box = named(new QLineEdit, name, text->text());
-    box->setFixedWidth(12 * fontMetrics().averageCharWidth());
+    box->setFixedWidth(numberWidth());
     text->setBuddy(box);
     auto* grid = static_cast<QGridLayout*>(frame.layout());
     grid->addWidget(text, line, column);
