@@ -3,12 +3,19 @@
 
 #include "app/qt/frm_main.h"
 #include "app/qt/frm_splash.h"
+#include "app/qt/program_style.h"
 #include "app/splash.h"
 #include "dialogs/options_dialog.h"
 
 #include <algorithm>
 
 namespace tarvelint {
+
+WindowList::WindowList(const Environment& environment, const StringTable& table)
+    : m_environment(environment), m_table(table)
+{
+    useProgramStyle(); // before the first widget is made
+}
 
 WindowList::~WindowList()
 {
