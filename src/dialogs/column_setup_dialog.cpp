@@ -2,6 +2,7 @@
 #include "dialogs/column_setup_dialog.h"
 
 #include "dialogs/column_rows.h"
+#include "dialogs/dialog_place.h"
 #include "dialogs/named.h"
 
 #include <QCheckBox>
@@ -12,6 +13,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollBar>
 #include <QSignalBlocker>
 #include <QVBoxLayout>
@@ -100,7 +102,7 @@ void ColumnSetupDialog::addParameterBox(QGroupBox& frame, const char* name, cons
 {
     auto* text = new QLabel(QString::fromLatin1(caption));
     auto* box = named(new QLineEdit, name, text->text());
-    box->setFixedWidth(12 * fontMetrics().averageCharWidth());
+    box->setFixedWidth(numberWidth());
     text->setBuddy(box);
     auto* grid = static_cast<QGridLayout*>(frame.layout());
     grid->addWidget(text, line, column);
@@ -144,9 +146,19 @@ void ColumnSetupDialog::showFor(bool blocking)
     m_across->setDirection(QBoxLayout::LeftToRight);
     if (layout()->contentsMargins().left() * 2 + m_across->totalSizeHint().width() > freeSize().width())
         m_across->setDirection(QBoxLayout::TopToBottom); // so that it scrolls one way only
-    setAttribute(Qt::WA_Moved, false);                   // placed over its window anew at each showing
+    standBesideWindow();
     show();
     if (m_setup.rows() > 0) m_rows->goTo(1, false);
+}
+
+void ColumnSetupDialog::standBesideWindow()
+{
+    if (parentWidget() == nullptr) return;
+    const QWidget& over = *parentWidget()->window();
+    fitToScreen();
+    // The dialog's own frame is known only once it is on the screen; window managers give both the same.
+    const QSize frame = over.frameGeometry().size() - over.size();
+    move(besideWindow(over.screen()->availableGeometry(), over.frameGeometry(), size() + frame));
 }
 
 void ColumnSetupDialog::showBoxes()

@@ -27,7 +27,7 @@ public:
     /// @param answer   runs Cancel's work, also in the middle of a command
     ColumnSetupDialog(ColumnSetup& setup, Entry command, Entry answer, QWidget* parent = nullptr);
 
-    /// Shows what the set-up holds now, over its window, and returns at once. With `blocking` the window takes no
+    /// Shows what the set-up holds now, beside its window, and returns at once. With `blocking` the window takes no
     /// input meanwhile. The set-up hides the dialog through its window's `hideColumnSetup`.
     void showFor(bool blocking);
 
@@ -52,6 +52,7 @@ private:
     [[nodiscard]] QBoxLayout* buildButtons();
     void setTabOrders();
 
+    void standBesideWindow();
     void showBoxes();
 
     ColumnSetup& m_setup;

@@ -3,12 +3,16 @@
 
 #include "window/command_failure.h"
 
+#include <QComboBox>
+#include <QDialogButtonBox>
 #include <QDir>
 #include <QEvent>
 #include <QEventLoop>
 #include <QFile>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QGridLayout>
+#include <QLineEdit>
 #include <QPointer>
 
 #include <algorithm>
@@ -48,11 +52,34 @@ QString& lastFolder()
     return folder;
 }
 
+/// Lets what stands in column 1 of a grid end at the grid's edge.
+void stretchAcross(QGridLayout& grid, QWidget* widget)
+{
+    int line = 0, column = 0, lines = 0, columns = 0;
+    grid.getItemPosition(grid.indexOf(widget), &line, &column, &lines, &columns);
+    if (column == 1) grid.addWidget(widget, line, column, lines, grid.columnCount() - column);
+}
+
+/// The toolkit stacks this dialog's buttons beside the name; they belong side by side at the bottom, as everywhere
+/// else.
+void layButtonsAcross(QFileDialog& box)
+{
+    auto* buttons = box.findChild<QDialogButtonBox*>(QStringLiteral("buttonBox"));
+    auto* grid = qobject_cast<QGridLayout*>(box.layout());
+    if (buttons == nullptr || grid == nullptr) return;
+    stretchAcross(*grid, box.findChild<QLineEdit*>(QStringLiteral("fileNameEdit")));
+    stretchAcross(*grid, box.findChild<QComboBox*>(QStringLiteral("fileTypeCombo")));
+    grid->setColumnStretch(1, 1);
+    buttons->setOrientation(Qt::Horizontal);
+    grid->addWidget(buttons, grid->rowCount(), 0, 1, grid->columnCount());
+}
+
 void setUp(QFileDialog& box, const FileDialog& dialog, bool save)
 {
     box.setObjectName(QStringLiteral("fileDialog"));
     box.setAccessibleName(QString::fromStdString(dialog.title));
     box.setOptions(QFileDialog::DontUseNativeDialog | QFileDialog::HideNameFilterDetails);
+    layButtonsAcross(box);
     box.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
     box.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
     box.setDirectory(QDir(lastFolder()).exists() && !lastFolder().isEmpty() ? lastFolder() : QDir::currentPath());

@@ -67,7 +67,12 @@ QLineEdit* OptionsDialog::addBox(QGridLayout& grid, int line, const char* name, 
     box->setCursorPosition(0);
     label->setBuddy(box);
     grid.addWidget(label, line, 0);
-    grid.addWidget(box, line, 1);
+    if (text == &Options::eqBox) {
+        grid.addWidget(box, line, 1);
+    } else {
+        box->setFixedWidth(numberWidth());
+        grid.addWidget(box, line, 1, Qt::AlignLeft);
+    }
     connect(box, &QLineEdit::textChanged, this,
             [this, text](const QString& typed) { m_options.*text = typed.toStdString(); });
     return box;

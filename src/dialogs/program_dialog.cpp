@@ -39,6 +39,12 @@ void ProgramDialog::fitToScreen()
     resize(layout()->totalSizeHint()); // adjustSize() would stop at two thirds of the screen
 }
 
+int ProgramDialog::numberWidth() const
+{
+    constexpr int kLetters = 12;
+    return kLetters * fontMetrics().averageCharWidth();
+}
+
 void ProgramDialog::showEvent(QShowEvent* event)
 {
     const auto children = findChildren<QWidget*>();

@@ -30,13 +30,16 @@ protected:
     /// The largest size that leaves the window's frame on the screen.
     [[nodiscard]] QSize freeSize() const;
 
+    /// Takes the size that the contents want, or what the screen has room for; so does every showing.
+    void fitToScreen();
+    /// The width of a box for one number.
+    [[nodiscard]] int numberWidth() const;
+
     bool eventFilter(QObject* watched, QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void showEvent(QShowEvent* event) override;
 
 private:
-    void fitToScreen();
-
     ContentsArea* m_contents = nullptr;
 };
 

@@ -46,9 +46,10 @@ constexpr double kPlotLeft = 60 * kPixel; // in the frame
 constexpr double kPlotTop = 60 * kPixel;
 constexpr double kScrollBarHeight = 16 * kPixel;
 
-// Beside the least plot of 78 to 80 pixels three boxes and two check boxes have to find room.
+// Beside the least plot of 80 pixels three boxes and two check boxes have to find room.
 constexpr double kRangeWidth = 57 * kPixel;
-constexpr double kBoxHeight = 15 * kPixel;
+constexpr double kCheckWidth = 58 * kPixel; // "Reference" needs all that the mark beside the plot leaves
+constexpr double kBoxHeight = 15 * kPixel;  // one more, and two would overlap under a menu bar of 23 pixels
 constexpr double kCheckHeight = 14 * kPixel;
 constexpr double kTagHeight = 11 * kPixel;
 constexpr double kRangeStep = 220; // from check box to check box
@@ -167,7 +168,7 @@ private:
     }
 
     static Place box(double top) { return {0, top, kRangeWidth, kBoxHeight}; }
-    static Place check(double top) { return {0, top, kRangeWidth, kCheckHeight}; }
+    static Place check(double top) { return {0, top, kCheckWidth, kCheckHeight}; }
     static Place tag(double top) { return {0, top, kRangeWidth, kTagHeight}; }
 
     void placeCueRows()

@@ -151,6 +151,11 @@ class Node:
         self.take_focus()
         keys("space")
 
+    def trigger(self):
+        """Runs a menu entry, as a screen reader does."""
+        wait_for(f'"{self.name}" to be usable', lambda: self.enabled)
+        Atspi.Action.do_action(self.accessible, 0)
+
     def set_checked(self, checked):
         if self.checked != checked:
             self.press()

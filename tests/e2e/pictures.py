@@ -6,6 +6,7 @@ import subprocess
 BLACK = bytes((0, 0, 0))
 WHITE = bytes((255, 255, 255))
 RED = bytes((255, 0, 0))
+BLUE = bytes((0, 0, 255))
 
 
 class Picture:

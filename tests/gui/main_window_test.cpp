@@ -134,7 +134,8 @@ private Q_SLOTS:
         int lulls = 0;
         int points = 0;
         for (int row = 1; row < desk.find("Picture1_0")->width(); ++row) { // one unit to a row, from row 0
-            const double y = yOf(core.record.values(kUnconverted, kS1, row), lo, hi, height);
+            const double reading = core.record.values(kUnconverted, kS1, row);
+            const double y = core.record.isBlank(reading) ? 0 : yOf(reading, lo, hi, height); // a gap is at the top
             const bool point = core.sensors.isPoint(0, row);
             QVERIFY2(near(plot, row, y, point ? Qt::red : Qt::black), qPrintable(QString::number(row)));
             lulls += core.record.lullFlags[static_cast<std::size_t>(row)] && at(plot, row, 1) == QColor(Qt::white);

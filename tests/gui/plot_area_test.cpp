@@ -156,6 +156,28 @@ private Q_SLOTS:
         QTest::keyClick(list, Qt::Key_Up); // and now it is
         QCOMPARE(desk.core().view.chosenColumn[0], 1);
     }
+
+    void theTipOfAColumnIsItsWholeLabelAsItStands()
+    {
+        Desk desk;
+        desk.openSample();
+        desk.command([&] {
+            desk.core().lists.updateLabels(
+                {"Day", "PAR <b>sum</b> & mean", "", "4", "5", "6", "7", "8", "9", "10", "11", "12", "13"});
+        });
+        auto* list = desk.find<QComboBox>("varList0");
+        const auto tip = [list](int entry) { return list->itemData(entry, Qt::ToolTipRole).toString(); };
+        QCOMPARE(tip(1), QStringLiteral("<qt>PAR &lt;b&gt;sum&lt;/b&gt; &amp; mean</qt>"));
+        QCOMPARE(tip(2), QString()); // no label, no tip
+        list->setFocus();
+        QTest::keyClick(list, Qt::Key_Down);
+        QCOMPARE(list->currentIndex(), 1);
+        QCOMPARE(list->toolTip(), tip(1));
+        QCOMPARE(list->accessibleDescription(), QStringLiteral("PAR <b>sum</b> & mean"));
+        desk.tick("labelBox");
+        QCOMPARE(list->itemText(1), QStringLiteral("2"));
+        QCOMPARE(tip(1), list->toolTip()); // a number's too
+    }
 };
 
 } // namespace tarvelint::test

@@ -1,6 +1,7 @@
 // SPDX-License-Identifier: MIT
 #include "app/qt/column_list_model.h"
 
+#include "app/qt/form_parts.h"
 #include "dialogs/label_text.h"
 #include "view/column_lists.h"
 
@@ -19,8 +20,10 @@ QVariant ColumnListModel::data(const QModelIndex& index, int role) const
 {
     const auto column = static_cast<std::size_t>(index.row());
     const bool isText = role == Qt::DisplayRole || role == Qt::EditRole;
-    if (!isText || m_labels == nullptr || !index.isValid() || column >= m_labels->size()) return {};
-    return labelForScreen(columnEntry(*m_labels, m_asLabels, index.row()));
+    const bool isTip = role == Qt::ToolTipRole;
+    if (!(isText || isTip) || m_labels == nullptr || !index.isValid() || column >= m_labels->size()) return {};
+    const QString entry = labelForScreen(columnEntry(*m_labels, m_asLabels || isTip, index.row()));
+    return isTip ? wholeTextTip(entry) : entry;
 }
 
 } // namespace tarvelint

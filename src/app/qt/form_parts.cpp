@@ -14,7 +14,7 @@ void ElidedLabel::paintEvent(QPaintEvent*)
     const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, width());
     style()->drawItemText(&painter, rect(), static_cast<int>(alignment()), palette(), isEnabled(), shown,
                           foregroundRole());
-    setToolTip(shown == text() ? QString() : QStringLiteral("<qt>%1</qt>").arg(text().toHtmlEscaped()));
+    setToolTip(shown == text() ? QString() : wholeTextTip(text()));
 }
 
 void CalmList::wheelEvent(QWheelEvent* event)
@@ -48,6 +48,11 @@ void PlotsFrame::paintEvent(QPaintEvent*)
     for (const QWidget* plot : m_plots)
         if (plot->hasFocus())
             painter.fillRect(plot->x() - kBar, plot->y(), kBar, plot->height(), palette().highlight());
+}
+
+QString wholeTextTip(const QString& text)
+{
+    return text.isEmpty() ? QString() : QStringLiteral("<qt>%1</qt>").arg(text.toHtmlEscaped());
 }
 
 QFont smallPrint(const QFont& font)

@@ -51,6 +51,9 @@ private:
     QList<QWidget*> m_plots;
 };
 
+/// A tip that shows all of a text as it stands, over several lines where it is long: markup in a text is part of it.
+[[nodiscard]] QString wholeTextTip(const QString& text);
+
 /// The small print beside the plots.
 [[nodiscard]] QFont smallPrint(const QFont& font);
 

@@ -58,7 +58,8 @@ void MainForm::showList(int index, const std::vector<std::string>& labels, bool 
     const QSignalBlocker silent(&list(index));
     m_listModels.at(static_cast<std::size_t>(index))->show(labels, asLabels);
     list(index).setCurrentIndex(chosen);
-    list(index).setToolTip(list(index).currentText()); // whole, where the list is too narrow for it
+    list(index).setToolTip(list(index).currentData(Qt::ToolTipRole).toString());
+    list(index).setAccessibleDescription(list(index).currentText()); // else readers would be told the tip's markup
 }
 
 void MainForm::showScrollBar(const ScrollBar& bar)

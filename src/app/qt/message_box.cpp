@@ -64,6 +64,8 @@ Answer askInBox(QWidget& over, const Message& message)
     box.setWindowTitle(QString::fromStdString(message.title));
     setWords(box, QString::fromStdString(message.text));
     box.setStandardButtons(standardButtons(message.buttons));
+    // Left to itself the box would take its leftmost button, which is not the one that most people mean.
+    box.setDefaultButton(box.button(QMessageBox::Yes) != nullptr ? QMessageBox::Yes : QMessageBox::Ok);
     if (message.buttons == Buttons::yesNo) box.setEscapeButton(QMessageBox::No);
     return answerOf(box.exec(), message.buttons);
 }

@@ -3,7 +3,6 @@
 
 #include "app/qt/frm_main.h"
 #include "app/qt/frm_splash.h"
-#include "app/qt/program_style.h"
 #include "data/file_format.h"
 
 #include <QApplication>
@@ -16,7 +15,6 @@ namespace tarvelint {
 StartUp::StartUp() : m_windows({m_settings, m_style, m_files, m_clock}, m_table)
 {
     useProgramResources();
-    useProgramStyle();
     QApplication::setWindowIcon(programIcon());
     // The last window to close may be the splash, over a data window that has not been shown yet.
     QApplication::setQuitOnLastWindowClosed(false);

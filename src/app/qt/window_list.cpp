@@ -3,6 +3,7 @@
 
 #include "app/qt/frm_main.h"
 #include "app/qt/frm_splash.h"
+#include "app/qt/program_style.h"
 #include "app/splash.h"
 #include "dialogs/change_form.h"
 #include "dialogs/options_dialog.h"
@@ -10,6 +11,12 @@
 #include <algorithm>
 
 namespace tarvelint {
+
+WindowList::WindowList(const Environment& environment, const StringTable& table)
+    : m_environment(environment), m_table(table)
+{
+    useProgramStyle(); // before the first widget is made
+}
 
 WindowList::~WindowList()
 {

@@ -23,8 +23,8 @@ class OptionsDialog;
 class WindowList : public QObject, public Application {
     Q_OBJECT
 public:
-    /// All three outlive the list.
-    WindowList(const Environment& environment, const StringTable& table) : m_environment(environment), m_table(table) {}
+    /// Both, and what the environment refers to, outlive the list. Its windows wear the program's style.
+    WindowList(const Environment& environment, const StringTable& table);
     ~WindowList() override;
 
     /// A new main window, loaded but not shown.
