@@ -91,14 +91,22 @@ private:
     float number(float below) { return below * (static_cast<float>(m_engine() % 65536) / 65536.0F); }
     Color color() { return kColors.at(m_engine() % kColors.size()); }
 
-    /// Some of them beside the area, one backwards, one of another height.
+    /// Some of them beside the area; then boxes that touch, of other heights or backwards, and lines between them.
     void bands(Surface& area)
     {
         const auto step = static_cast<float>(m_penWidth);
         for (float x = -8; x < 128; x += step)
             if (m_engine() % 3 != 0) area.filledBox(x, 0, x + step, 90, m_engine() % 9 == 0 ? color() : colors::kWhite);
-        area.filledBox(60, 10, 50, 30, color());
-        area.filledBox(60, 10, 70, 31, color());
+        const Color shared = color();
+        area.filledBox(60, 10, 50, 30, shared);
+        area.filledBox(50, 10, 60, 30, shared);
+        area.filledBox(60, 10, 70, 31, shared);
+        area.filledBox(70, 9, 80, 31, shared);
+        area.filledBox(80, 9, 75, 31, shared);
+        area.filledBox(75, 9, 85, 31, shared);
+        area.line(40, 20, 90, 20, shared == colors::kWhite ? colors::kBlack : colors::kWhite);
+        area.filledBox(45, 15, 47, 25, shared);
+        area.line(40, 20, 90, 21, shared == colors::kWhite ? colors::kBlack : colors::kWhite);
     }
     void points(Surface& area)
     {
