@@ -45,7 +45,10 @@ public:
 
 private:
     struct Box {
-        float x1, y1, x2, y2;
+        float x1 = 0;
+        float y1 = 0;
+        float x2 = 0;
+        float y2 = 0;
         Color color;
     };
 
