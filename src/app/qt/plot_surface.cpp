@@ -60,17 +60,26 @@ void PlotSurface::resize(QSize size, qreal ratio)
 
 const QImage& PlotSurface::pixels()
 {
-    if (m_painter.isActive()) m_painter.end();
+    if (m_painter.isActive()) {
+        drawWaiting();
+        m_painter.end();
+    }
     return m_image;
+}
+
+void PlotSurface::begin()
+{
+    if (m_painter.isActive()) return;
+    m_painter.begin(&m_image);
+    m_painter.setRenderHint(QPainter::Antialiasing, false);
+    m_penColor.reset();
+    m_drawn();
 }
 
 QPainter& PlotSurface::painter()
 {
-    if (!m_painter.isActive()) {
-        m_painter.begin(&m_image);
-        m_painter.setRenderHint(QPainter::Antialiasing, false);
-        m_drawn();
-    }
+    begin();
+    drawWaiting();
     return m_painter;
 }
 
@@ -79,18 +88,35 @@ void PlotSurface::erase()
     painter().fillRect(QRect({0, 0}, m_size), QColor(kBackground));
 }
 
+void PlotSurface::setPenWidth(int width)
+{
+    if (m_painter.isActive()) drawWaiting();
+    m_penWidth = width;
+    m_penColor.reset();
+}
+
 void PlotSurface::usePen(Color color)
 {
+    if (m_penColor == color) return;
+    m_penColor = color;
     // Round caps cover both ends, so joined segments show no gap and a segment of no length is a dot.
-    const QPen pen(qt(color), m_penWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin);
-    if (painter().pen() != pen) m_painter.setPen(pen);
+    m_painter.setPen(QPen(qt(color), m_penWidth, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+}
+
+bool PlotSurface::isNear(QPointF point) const
+{
+    const double margin = m_penWidth;
+    return point.x() >= -margin && point.x() <= m_size.width() + margin && point.y() >= -margin &&
+           point.y() <= m_size.height() + margin;
 }
 
 void PlotSurface::segment(QPointF from, QPointF to, Color color)
 {
-    if (!clipSegment(from, to, m_size, m_penWidth)) return;
+    if (!(isNear(from) && isNear(to)) && !clipSegment(from, to, m_size, m_penWidth)) return;
+    begin();
+    if (m_waitingBox || m_penColor != color || m_waitingLines.size() == kLinesTogether) drawWaiting();
     usePen(color);
-    m_painter.drawLine(from, to);
+    m_waitingLines.append({from, to});
 }
 
 void PlotSurface::lineTo(float x, float y, Color color)
@@ -108,8 +134,27 @@ void PlotSurface::line(float x1, float y1, float x2, float y2, Color color)
 
 void PlotSurface::filledBox(float x1, float y1, float x2, float y2, Color color)
 {
-    const QRectF box = QRectF(QPointF(x1, y1), QPointF(x2, y2)).normalized();
-    painter().fillRect(box.intersected(QRectF({0, 0}, m_size)), qt(color));
+    begin();
+    const Box box{x1, y1, x2, y2, color};
+    const bool joins = m_waitingBox && m_waitingBox->color == color && m_waitingBox->x2 == x1 && x1 <= x2 &&
+                       m_waitingBox->x1 <= x1 && m_waitingBox->y1 == y1 && m_waitingBox->y2 == y2;
+    if (joins) {
+        m_waitingBox->x2 = x2;
+    } else {
+        drawWaiting();
+        m_waitingBox = box;
+    }
+}
+
+void PlotSurface::drawWaiting()
+{
+    m_painter.drawLines(m_waitingLines.data(), static_cast<int>(m_waitingLines.size()));
+    m_waitingLines.clear();
+    if (!m_waitingBox) return;
+    const Box& box = *m_waitingBox;
+    const QRectF filled = QRectF(QPointF(box.x1, box.y1), QPointF(box.x2, box.y2)).normalized();
+    m_painter.fillRect(filled.intersected(QRectF({0, 0}, m_size)), qt(box.color));
+    m_waitingBox.reset();
 }
 
 void PlotSurface::circle(float x, float y, float radius, Color color, Color fill)
@@ -118,9 +163,10 @@ void PlotSurface::circle(float x, float y, float radius, Color color, Color fill
     const double reach = static_cast<double>(radius) + m_penWidth;
     const QRectF seen = QRectF({0, 0}, m_size).adjusted(-reach, -reach, reach, reach);
     if (!seen.contains(m_current)) return;
+    QPainter& onImage = painter();
     usePen(color);
-    m_painter.setBrush(qt(fill));
-    m_painter.drawEllipse(m_current, radius, radius);
+    onImage.setBrush(qt(fill));
+    onImage.drawEllipse(m_current, radius, radius);
 }
 
 } // namespace tarvelint

@@ -5,11 +5,14 @@
 
 #include <QColor>
 #include <QImage>
+#include <QLineF>
 #include <QPainter>
 #include <QPointF>
 #include <QSize>
+#include <QVarLengthArray>
 
 #include <functional>
+#include <optional>
 
 namespace tarvelint {
 
@@ -33,7 +36,7 @@ public:
     [[nodiscard]] float scaleWidth() const override { return static_cast<float>(m_size.width()); }
     [[nodiscard]] float scaleHeight() const override { return static_cast<float>(m_size.height()); }
     void erase() override;
-    void setPenWidth(int width) override { m_penWidth = width; }
+    void setPenWidth(int width) override;
     void moveTo(float x, float y) override { m_current = {x, y}; }
     void lineTo(float x, float y, Color color) override;
     void line(float x1, float y1, float x2, float y2, Color color) override;
@@ -41,14 +44,33 @@ public:
     void circle(float x, float y, float radius, Color color, Color fill) override;
 
 private:
+    struct Box {
+        float x1 = 0;
+        float y1 = 0;
+        float x2 = 0;
+        float y2 = 0;
+        Color color;
+    };
+
+    static constexpr qsizetype kLinesTogether = 64;
+
+    void begin();
+    /// For the next operation: begun, and with everything before it drawn.
     [[nodiscard]] QPainter& painter();
+    void drawWaiting();
     void segment(QPointF from, QPointF to, Color color);
+    [[nodiscard]] bool isNear(QPointF point) const;
     void usePen(Color color);
 
     std::function<void()> m_drawn;
     QSize m_size{1, 1};
     QImage m_image; // outlives its painter
     QPainter m_painter;
+    // What waits for more of its kind; at most one of the two is there. Neighbouring bands of a row each are filled as
+    // one box, line by line of the image, and lines of one colour are drawn together.
+    std::optional<Box> m_waitingBox;
+    QVarLengthArray<QLineF, kLinesTogether> m_waitingLines; ///< in the pen's colour and width
+    std::optional<Color> m_penColor;                        ///< the painter's, in the present width; none: not set yet
     QPointF m_current;
     int m_penWidth = 1;
 };

@@ -1,0 +1,200 @@
+// SPDX-License-Identifier: MIT
+//
+// A year every quarter of an hour in a window of 2560 x 1440: fitting and drawing both plot areas at each zoom, and a
+// step of scrolling until the widgets show it. Beside it, the least that any drawing must do: erase both areas.
+// TARVELINT_RECORD names a record to take instead of the made-up one: its first four columns are left out.
+
+#include "app/qt/plot_area.h"
+#include "data/data_file_reader.h"
+#include "support/doubles.h"
+#include "support/grid.h"
+#include "view/plot_fit.h"
+#include "view/plot_redraw.h"
+#include "window/window.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QApplication>
+
+#include <algorithm>
+#include <array>
+#include <bit>
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+#include <fstream>
+#include <random>
+#include <vector>
+
+namespace tarvelint::test {
+namespace {
+
+constexpr QSize kPlot(2493, 578);
+constexpr std::int32_t kRows = 35040;
+constexpr std::int32_t kDay = 96;
+constexpr std::int32_t kWeather = 0; // columns of the record drawn
+constexpr std::int32_t kSensor = 1;
+
+class Silent : public Progress {
+public:
+    void status(const std::string&) override {}
+    void row(std::int32_t) override {}
+};
+
+/// VPD and probe difference over a year of fair days and a noise of a few hundredths, with gaps.
+std::vector<std::vector<double>> madeUpYear()
+{
+    std::mt19937 engine{3};
+    std::vector<std::vector<double>> columns(2);
+    for (std::int32_t row = 0; row < kRows; ++row) {
+        const double light = std::max(0.0, std::sin((row % kDay - 24) * 3.14159265 / 48));
+        const double noise = static_cast<double>(engine()) / 4294967296.0;
+        columns[kWeather].push_back(2.4 * light + 0.05 * noise);
+        columns[kSensor].push_back(row % 4999 == 0 ? 99999 : 9.5 - 1.6 * light + 0.05 * noise);
+    }
+    return columns;
+}
+
+std::vector<std::vector<double>> year()
+{
+    const char* path = std::getenv("TARVELINT_RECORD");
+    if (!path) return madeUpYear();
+    std::ifstream file(path, std::ios::binary);
+    DataSet data;
+    Silent silent;
+    DataFileReader(file, path, ',', data, silent, [] { return 99999; }).load();
+    std::vector<std::vector<double>> columns;
+    for (const std::int32_t column : {3, 4}) columns.push_back(columnOf(data, kUnconverted, column));
+    return columns;
+}
+
+struct Around {
+    MemorySettings settings;
+    FixedStyle style;
+    MemoryFiles files;
+    ManualClock clock;
+};
+
+/// The year on surfaces of its caller: a sensor with daily points and lulls above its VPD, both in automatic range.
+struct DrawnYear : FakeUi, Around, Window {
+    DrawnYear(Surface& main, Surface& companion)
+        : Window(*this, *this, Environment{settings, style, files, clock}), areas{&main, &companion}
+    {
+        setReadings(record, year());
+        view.chosenColumn = {kSensor, kWeather};
+        setEnabled(Control::Picture1_0, true);
+        setEnabled(Control::Picture1_1, true);
+        setChecked(Control::scaleBox0, true);
+        setChecked(Control::scaleBox1, true);
+        view.Turbo = true;
+        view.curSensor = 0;
+        sensors.assign({kSensor}, record.lines);
+        for (std::int32_t row = 0; row < record.lines; ++row) {
+            if (row % kDay == 20) sensors.setPoint(0, row, true);
+            record.lullFlags[static_cast<std::size_t>(row)] = row % kDay < 22;
+        }
+        setScrollRange(record.lines, 1, 1);
+        moveScrollValue(record.lines / 2);
+        view.selStart = record.lines / 2 + 40;
+        view.selEnd = record.lines / 2 + 90;
+    }
+    void zoom(std::int64_t factor)
+    {
+        view.zoomFactor = static_cast<std::int16_t>(factor);
+        view.zoomLevel = static_cast<std::int16_t>(std::countr_zero(static_cast<std::uint64_t>(factor)));
+    }
+    /// Back and forth, a row at a time.
+    void step()
+    {
+        m_forward = !m_forward;
+        setScrollValue(view.HScroll1.Value + (m_forward ? 1 : -1));
+    }
+
+    Surface& surface(int index) override { return *areas.at(static_cast<std::size_t>(index)); }
+    void redraw(int index, bool clear) override { rendering.redraw(index, clear); }
+    void updateCues() override {}
+    void undoSave(std::int32_t) override {}
+    void ExtendSelection(float) override {}
+    bool skip(bool) override { return false; }
+
+    std::array<Surface*, 2> areas;
+    PlotRedraw rendering{*this};
+
+private:
+    bool m_forward = false;
+};
+
+void eraseBoth(benchmark::State& state)
+{
+    PlotSurface main([] {});
+    PlotSurface companion([] {});
+    main.resize(kPlot, 1);
+    companion.resize(kPlot, 1);
+    for (auto _ : state) {
+        main.erase();
+        companion.erase();
+        benchmark::ClobberMemory();
+    }
+}
+BENCHMARK(eraseBoth)->Unit(benchmark::kMillisecond);
+
+void fitBoth(benchmark::State& state)
+{
+    RecordingSurface nothing;
+    DrawnYear window(nothing, nothing);
+    window.zoom(state.range(0));
+    const PlotPlace place{0, float(kPlot.width()), float(kPlot.height())};
+    for (auto _ : state)
+        for (const int index : {0, 1})
+            benchmark::DoNotOptimize(
+                fitPlot(window.record, window.view, {index, place.mainWidth, place.height}, {"0", "1"}, ","));
+}
+BENCHMARK(fitBoth)->RangeMultiplier(2)->Range(1, 8)->Unit(benchmark::kMillisecond);
+
+void redrawBoth(benchmark::State& state)
+{
+    PlotSurface main([] {});
+    PlotSurface companion([] {});
+    main.resize(kPlot, 1);
+    companion.resize(kPlot, 1);
+    DrawnYear window(main, companion);
+    window.zoom(state.range(0));
+    for (auto _ : state) {
+        window.redrawBoth();
+        benchmark::ClobberMemory();
+    }
+}
+BENCHMARK(redrawBoth)->RangeMultiplier(2)->Range(1, 8)->Unit(benchmark::kMillisecond);
+
+/// From the scroll bar's step until both widgets have painted their pixels on the window.
+void scrollStepToThePaintedWidgets(benchmark::State& state)
+{
+    QWidget window;
+    PlotArea main(0, &window);
+    PlotArea companion(1, &window);
+    window.resize(kPlot.width(), 2 * kPlot.height());
+    main.setGeometry(QRect({0, 0}, kPlot));
+    companion.setGeometry(QRect({0, kPlot.height()}, kPlot));
+    window.show();
+    QCoreApplication::processEvents();
+    DrawnYear shown(main.surface(), companion.surface());
+    shown.zoom(state.range(0));
+    for (auto _ : state) {
+        shown.step();
+        main.repaint();
+        companion.repaint();
+    }
+}
+BENCHMARK(scrollStepToThePaintedWidgets)->RangeMultiplier(2)->Range(1, 8)->Unit(benchmark::kMillisecond);
+
+} // namespace
+} // namespace tarvelint::test
+
+int main(int argc, char** argv)
+{
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QApplication application(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    return 0;
+}
