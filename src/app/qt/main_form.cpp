@@ -233,11 +233,14 @@ void MainForm::addButton(Control control, QWidget& owner)
     auto* button = new QPushButton(&owner);
     m_controls.add(control, button);
     button->setAutoDefault(false);
+    button->setFocusPolicy(Qt::TabFocus); // a click leaves the keys with the plot
 }
 
 void MainForm::addCheck(Control control, QWidget& owner)
 {
-    m_controls.add(control, new QCheckBox(&owner));
+    auto* box = new QCheckBox(&owner);
+    box->setFocusPolicy(Qt::TabFocus);
+    m_controls.add(control, box);
 }
 
 void MainForm::addValue(Control control, QWidget& owner)
