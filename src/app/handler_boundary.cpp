@@ -27,7 +27,7 @@ void HandlerBoundary::gesture(const std::function<void()>& body)
             m_window.setStatus(1, status);
         }
     }
-    if (const auto next = std::exchange(m_afterwards, nullptr)) command(next);
+    for (const auto& next : std::exchange(m_afterwards, {})) gesture(next);
 }
 
 /// What is dropped because a value is being typed brings the dialog to mind.

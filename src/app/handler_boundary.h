@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <utility>
+#include <vector>
 
 namespace tarvelint {
 
@@ -25,7 +26,8 @@ public:
     /// What the pointer does on the plot: like a command, also while it holds the button.
     void gesture(const std::function<void()>& body);
     /// The key or press that ends scrolling at an edge: a command once that has unwound.
-    void afterwards(std::function<void()> body) { m_afterwards = std::move(body); }
+    void afterwards(std::function<void()> body) { m_afterwards.push_back(std::move(body)); }
+    [[nodiscard]] bool isWaitingAfterwards() const { return !m_afterwards.empty(); }
     /// A repaint, resize or pointer position: always taken, also in the middle of a command.
     void record(const std::function<void()>& body);
     [[nodiscard]] bool isBusy() const { return m_busy; }
@@ -38,7 +40,7 @@ private:
 
     Window& m_window;
     bool m_busy = false;
-    std::function<void()> m_afterwards;
+    std::vector<std::function<void()>> m_afterwards;
 };
 
 } // namespace tarvelint

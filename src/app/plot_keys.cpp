@@ -60,7 +60,8 @@ void PlotKeys::moveRowCursor(std::int32_t rows)
 
 void PlotKeys::moveRowCursorFar(std::int32_t tenthsOfScreen)
 {
-    moveRowCursor(tenthsOfScreen * std::max(m_engine.view.HScroll1.LargeChange / 10, 1));
+    const float rowsShown = m_engine.ui.surface(0).scaleWidth() / static_cast<float>(m_engine.view.zoomFactor);
+    moveRowCursor(tenthsOfScreen * std::max(roundToInt32(static_cast<double>(rowsShown) / 10), 1));
 }
 
 void PlotKeys::placeRowCursor(std::int32_t row)
@@ -69,7 +70,7 @@ void PlotKeys::placeRowCursor(std::int32_t row)
     m_engine.view.rowCursor = within;
     bringIntoView(within);
     m_engine.pointing.moveRowCursor(cursorX());
-    tellRow(within);
+    tellRow();
 }
 
 void PlotKeys::bringIntoView(std::int32_t row)
@@ -81,12 +82,17 @@ void PlotKeys::bringIntoView(std::int32_t row)
     if (row >= view.HScroll1.Value + shown) m_engine.setScrollValue(row - shown + 1);
 }
 
-/// For a screen reader: what the cues say of the row.
-void PlotKeys::tellRow(std::int32_t row)
+void PlotKeys::tellRow()
 {
-    m_engine.setText(Control::Picture1_0, "row " + plainText(row + 1) + ", reading " + m_engine.text(Control::inLabel) +
-                                              ", day " + m_engine.text(Control::dateLabel) + ", time " +
-                                              m_engine.text(Control::timeLabel));
+    const std::int32_t row = m_engine.view.rowCursor;
+    if (row < 0) return m_engine.setText(Control::Picture1_0, {});
+    const Record& record = m_engine.record;
+    const auto reading = [&](std::int32_t column0) {
+        return record.hasColumn(column0) ? generalText(record.values(kUnconverted, column0, row)) : std::string("none");
+    };
+    m_engine.setText(Control::Picture1_0, "row " + plainText(row + 1) + ", reading " + reading(m_engine.view.curCol()) +
+                                              ", day " + reading(m_engine.view.dateCol - 1) + ", time " +
+                                              reading(m_engine.view.timeCol - 1));
 }
 
 float PlotKeys::cursorX() const
@@ -106,16 +112,13 @@ void PlotKeys::doubleClickHere()
 {
     if (!hasRecord() || m_engine.view.rowCursor < 0) return;
     bringIntoView(m_engine.view.rowCursor);
-    m_engine.pointing.moveRowCursor(cursorX());
-    m_engine.pointing.Picture1_DblClick();
-    m_engine.pointing.Picture1_MouseUp(cursorX());
+    m_engine.pointing.doubleClickAt(cursorX());
 }
 
 void PlotKeys::editValueHere()
 {
     if (!hasRecord() || m_engine.view.rowCursor < 0) return;
-    bringIntoView(m_engine.view.rowCursor);
-    m_engine.pointing.Picture1_MouseDown({PointerButton::right, false, cursorX()});
+    m_engine.pointing.editValueAt(cursorX());
 }
 
 } // namespace tarvelint

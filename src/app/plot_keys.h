@@ -46,6 +46,8 @@ public:
     void doubleClickHere();
     /// The Menu key: a right press there.
     void editValueHere();
+    /// Says where the row cursor stands, and what is read there, in the words of a screen reader.
+    void tellRow();
     /// Where the row cursor stands in the main area, in plot units.
     [[nodiscard]] float cursorX() const;
 
@@ -53,7 +55,6 @@ private:
     [[nodiscard]] bool hasRecord() const;
     void placeRowCursor(std::int32_t row);
     void bringIntoView(std::int32_t row);
-    void tellRow(std::int32_t row);
     [[nodiscard]] std::int32_t startRow() const;
 
     Engine& m_engine;

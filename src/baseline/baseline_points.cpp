@@ -154,7 +154,8 @@ void BaselinePoints::dropPointsInSelection()
 {
     dropPoints(m_window.record, m_window.sensors, m_window.view.curSensor, m_window.view.selStart,
                m_window.view.selEnd);
-    if (!m_window.sensors.isPoint(m_window.view.curSensor, m_window.view.markRow)) m_window.view.markRow = -1;
+    View& view = m_window.view;
+    if (!m_window.sensors.isPoint(view.curSensor, view.markRow)) view.dropPoint();
     m_window.markChanged();
 }
 

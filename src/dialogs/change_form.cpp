@@ -58,14 +58,18 @@ std::optional<std::string> ChangeForm::ask(QWidget& over, const std::string& old
     const QRect window = over.frameGeometry();
     move(window.center() - QPoint(frameGeometry().width() / 2, frameGeometry().height() / 2));
     QEventLoop loop;
-    connect(this, &QDialog::finished, &loop, &QEventLoop::quit);
+    std::optional<std::string> typed; // taken at once: another window's work may keep this wait from going on
+    connect(this, &QDialog::finished, &loop, [&](int result) {
+        if (result == Accepted) typed = m_newValue->text().toStdString();
+        loop.quit();
+    });
     show();
     comeForward();
     m_newValue->setFocus();
     m_newValue->selectAll();
     loop.exec();
     m_over = nullptr;
-    return result() == Accepted ? std::optional(m_newValue->text().toStdString()) : std::nullopt;
+    return typed;
 }
 
 void ChangeForm::comeForward()

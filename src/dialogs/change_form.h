@@ -20,8 +20,9 @@ public:
     /// Shows the dialog centred over a window and waits for its end; every window goes on answering.
     /// @return what was typed; none after Cancel or closing
     [[nodiscard]] std::optional<std::string> ask(QWidget& over, const std::string& old);
-    /// It waits for this window's sake.
-    [[nodiscard]] bool isFor(const QWidget& window) const { return isVisible() && m_over == &window; }
+    /// Somebody waits for it; also for this window's sake.
+    [[nodiscard]] bool isWaitedFor() const { return m_over != nullptr; }
+    [[nodiscard]] bool isFor(const QWidget& window) const { return m_over == &window; }
     void comeForward();
 
 private:

@@ -3,6 +3,7 @@
 
 #include "data/numbers.h"
 #include "window/plot_scale.h"
+#include "window/raised.h"
 
 #include <algorithm>
 
@@ -26,16 +27,29 @@ std::int32_t PlotPointer::rowUnder(float x) const
 
 void PlotPointer::Picture1_MouseDown(const PointerPress& press)
 {
+    if (press.button == PointerButton::right && m_valueEdit.isWaiting()) return m_valueEdit.remind();
     if (!canWork() || m_view.isHeld) return;
-    noteMovement(press.x);
-    if (press.button == PointerButton::right) return m_valueEdit.editValue(press.x);
-    m_view.isHeld = press.button == PointerButton::left;
+    m_view.heldButton = press.button;
+    m_view.isHeld = true;
     m_view.buttonReleased = false;
-    const std::int32_t row = rowUnder(press.x);
+    noteMovement(press.x);
+    if (press.button == PointerButton::right) return editValue(press.x);
+    pressOn(rowUnder(press.x), press.withShift);
+}
+
+void PlotPointer::pressOn(std::int32_t row, bool withShift)
+{
     if (m_view.lineMode)
         oneClickPress(m_view.Sloppy ? m_view.hoverRow : row);
     else
-        traditionalPress(row, press.withShift);
+        traditionalPress(row, withShift);
+}
+
+/// The dialog takes the release.
+void PlotPointer::editValue(float x)
+{
+    const Raised held(m_view.isHeld);
+    m_valueEdit.editValue(x);
 }
 
 void PlotPointer::noteMovement(float x)
@@ -101,8 +115,10 @@ void PlotPointer::moveInLineMode(float x)
 {
     m_view.buttonReleased = false;
     m_window.doScroll(x, false);
+    const std::int32_t row = rowUnder(m_view.pointerX); // scrolling has brought another one there
+    showCues(row);
     if (m_view.Sloppy) {
-        snap(rowUnder(m_view.pointerX)); // scrolling has brought another row under the pointer
+        snap(row);
         m_window.redraw(0, false);
     }
     if (m_view.curLayer != kUnconverted) return m_ui.setPlotToolTip({});
@@ -113,11 +129,11 @@ void PlotPointer::moveInLineMode(float x)
 
 void PlotPointer::moveInTraditionalMode(float x, std::int32_t row)
 {
-    if (m_view.Turbo && m_view.curSensor >= 0 && isPointInHand()) {
+    if (isDragging() && m_view.Turbo && m_view.curSensor >= 0 && isPointInHand()) {
         m_view.dragRow = row;
         return m_window.redraw(0, true);
     }
-    if (m_view.isHeld) {
+    if (isDragging()) {
         m_view.buttonReleased = false;
         m_window.doScroll(x, true);
     }
@@ -152,6 +168,7 @@ void PlotPointer::showCues(std::int32_t row)
 
 void PlotPointer::Picture1_MouseUp(float x)
 {
+    if (!m_view.isHeld) return; // its press was not taken
     releaseWhileBusy();
     m_view.pointerX = x;
     if (canWork() && isPointInHand()) dropAt(rowUnder(x));
@@ -173,6 +190,7 @@ void PlotPointer::dropAt(std::int32_t row)
 void PlotPointer::Picture1_DblClick()
 {
     if (!canWork()) return;
+    m_view.heldButton = PointerButton::left;
     m_view.isHeld = true;
     m_view.buttonReleased = false;
     m_view.grabbedPoint = m_view.dragRow = -1;
@@ -221,12 +239,30 @@ void PlotPointer::moveRowCursor(float x)
 
 void PlotPointer::pressAt(float x, bool withShift)
 {
-    if (isPointInHand()) return Picture1_MouseUp(x);
-    Picture1_MouseDown({PointerButton::left, withShift, x});
-    if (isPointInHand())
-        m_view.isHeld = false; // the point stays in hand until the next Enter
-    else
-        Picture1_MouseUp(x);
+    if (!canWork()) return;
+    if (isPointInHand()) return dropAt(rowUnder(x));
+    {
+        const Raised held(m_view.isHeld); // nothing else begins meanwhile, and it ends whatever happens
+        noteMovement(x);
+        pressOn(rowUnder(x), withShift);
+    }
+    m_view.buttonReleased = true;
+}
+
+void PlotPointer::doubleClickAt(float x)
+{
+    if (!canWork()) return;
+    noteMovement(x);
+    Picture1_DblClick();
+    releaseWhileBusy();
+}
+
+void PlotPointer::editValueAt(float x)
+{
+    if (m_valueEdit.isWaiting()) return m_valueEdit.remind();
+    if (!canWork()) return;
+    noteMovement(x);
+    editValue(x);
 }
 
 void PlotPointer::mnuToolsMode_Click()

@@ -9,9 +9,6 @@
 
 namespace tarvelint {
 
-/// A button of the pointer, by what it does on the plot.
-enum class PointerButton { left, right, other };
-
 /// A press on a plot area, as the toolkit tells it.
 struct PointerPress {
     PointerButton button = PointerButton::left;
@@ -29,12 +26,12 @@ public:
     {
     }
 
-    /// A press first counts as a movement to its place. The window holds a left press until it is released; what the
-    /// others do is done at once. A right press edits the value of its row.
+    /// A press first counts as a movement to its place, and is held until its button is released; other buttons count
+    /// for nothing meanwhile. A right press edits the value of its row.
     void Picture1_MouseDown(const PointerPress& press);
     /// The pointer moved: cues, and what the mode does with a movement. May scroll at an edge until that ends.
     void Picture1_MouseMove(float x);
-    /// The left button was released: a point in hand is dropped.
+    /// The button that is held was released: a point in hand is dropped.
     void Picture1_MouseUp(float x);
     /// Break, or under `Turbo` a new point where the pointer last was. The button is held again, with no point in hand.
     void Picture1_DblClick();
@@ -53,6 +50,9 @@ public:
     /// Enter on the row cursor: press and release there. Under `Turbo` it takes a point within reach in hand, and the
     /// next one drops it.
     void pressAt(float x, bool withShift);
+    /// Ctrl+Enter and the Menu key there.
+    void doubleClickAt(float x);
+    void editValueAt(float x);
 
     /// "&Mode Change": traditional, one-click, sloppy one-click, and round again. Nothing under `Turbo`.
     void mnuToolsMode_Click();
@@ -67,7 +67,10 @@ private:
     void snap(std::int32_t row);
     void oneClickPress(std::int32_t row);
     void traditionalPress(std::int32_t row, bool withShift);
+    void pressOn(std::int32_t row, bool withShift);
     void pickPoint(std::int32_t row);
+    void editValue(float x);
+    [[nodiscard]] bool isDragging() const { return m_view.isHeld && m_view.heldButton == PointerButton::left; }
     void moveInLineMode(float x);
     void moveInTraditionalMode(float x, std::int32_t row);
     [[nodiscard]] bool isPointInHand() const { return m_view.grabbedPoint >= 0; }

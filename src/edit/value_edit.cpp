@@ -10,10 +10,6 @@ namespace tarvelint {
 
 void ValueEdit::editValue(float x)
 {
-    if (m_window.dialogs.isValueDialogOpen()) {
-        m_ui.beep();
-        return m_window.dialogs.raiseValueDialog();
-    }
     const std::int32_t row = std::max(rowAt(x, m_view.HScroll1.Value, m_view.zoomFactor), 0);
     m_view.selStart = m_view.selEnd = row;
     m_window.undoSave(m_view.curCol());
@@ -26,6 +22,12 @@ void ValueEdit::editValue(float x)
     const auto typed = m_window.dialogs.askValue(shown);
     // Untouched it stays as it was, to the last digit.
     if (typed && *typed != shown) take(row, *typed);
+}
+
+void ValueEdit::remind()
+{
+    m_ui.beep();
+    m_window.dialogs.raiseValueDialog();
 }
 
 void ValueEdit::selectRow(std::int32_t row)

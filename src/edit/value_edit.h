@@ -19,6 +19,9 @@ public:
     /// Selects the row under `x` (plot units) and copies it for undo; past the last row it only beeps. Waits for the
     /// dialog; the window answers meanwhile, but takes no command. Without OK the value stays.
     void editValue(float x);
+    /// The dialog waits, for this window or another: nothing begins, it only comes to mind.
+    [[nodiscard]] bool isWaiting() const { return m_window.dialogs.isValueDialogOpen(); }
+    void remind();
 
 private:
     void selectRow(std::int32_t row);

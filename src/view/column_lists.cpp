@@ -27,7 +27,7 @@ void ColumnLists::showEntries(bool asLabels)
 
 void ColumnLists::choose(int index, std::int32_t entry)
 {
-    if (index == 0 && entry != m_view.curCol() && m_view.chainActive) {
+    if (index == 0 && entry != m_view.curCol() && m_view.lineMode && m_view.chainActive) {
         m_view.chainActive = false; // the chain's last click belongs to the column it was made in
         m_window.setPointer(Pointer::northSouth);
     }

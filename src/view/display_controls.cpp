@@ -14,6 +14,7 @@ void DisplayControls::viewButton_Click()
 {
     const bool toInput = m_view.curLayer != kUnconverted;
     m_view.curLayer = toInput ? kUnconverted : kConverted;
+    m_view.grabbedPoint = m_view.dragRow = -1; // points are seen and moved in the input view only
     m_window.setStatus(2, toInput ? "Display: viewing input data" : "Display: viewing output data");
     m_window.redraw(0, true);
     if (m_window.isEnabled(Control::Picture1_0)) m_ui.focus(Control::Picture1_0);

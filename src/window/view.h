@@ -19,6 +19,9 @@ struct ScrollBar {
     std::int32_t LargeChange = 1;
 };
 
+/// A button of the pointer, by what it does on the plot.
+enum class PointerButton { left, right, other };
+
 /// What of a record is shown, and what of it is selected. Rows and columns are 0-based; elements 0 and 1 belong to the
 /// main and the companion area.
 struct View {
@@ -57,7 +60,8 @@ struct View {
     // Pointer over the main area
     float pointerX = 0;          ///< latest place, plot units from the left edge
     bool buttonReleased = false; ///< ends the scrolling at an edge
-    bool isHeld = false;         ///< the left button was pressed there and is not released yet
+    bool isHeld = false;         ///< a button was pressed there and is not released yet
+    PointerButton heldButton = PointerButton::left;
     std::int32_t rowCursor = -1; ///< the row that the keyboard points at, -1 none
 
     // Modes

@@ -113,6 +113,8 @@ class Watched : public Engine {
 public:
     using Engine::Engine;
     std::optional<Snapshot> copied;
+    std::int32_t copiedFrom = 0;
+    std::int32_t copiedTo = -1;
     std::string fault;
 
     void undoSave(std::int32_t column) override
@@ -262,16 +264,16 @@ private:
     void undo()
     {
         if (!window.isEnabled(Control::mnuEditUndo) || window.view.isHeld) return;
-        command([this] { window.undo.mnuEditUndo_Click(); });
         const Snapshot& copy = *window.copied;
-        const View& view = window.view;
+        const Snapshot before = taken(window.record, window.sensors, -1, copy.column);
+        command([this] { window.undo.mnuEditUndo_Click(); });
         for (int layer = 1; layer <= 3; ++layer)
-            for (std::int32_t r = view.selStart; r <= view.selEnd; ++r)
-                if (isRow(r) && window.record.values(layer, copy.column, r) != copy.at(layer, r) && restored(r))
-                    window.fault = "undo brought back another value in row " + std::to_string(r);
+            for (std::int32_t r = 0; r < kRows; ++r) {
+                const bool wasCopied = r >= window.copiedFrom && r <= window.copiedTo;
+                if (window.record.values(layer, copy.column, r) != (wasCopied ? copy : before).at(layer, r))
+                    window.fault = "undo left another value in row " + std::to_string(r);
+            }
     }
-    /// Undoing a copy without cells changes nothing, and the selection stays.
-    [[nodiscard]] bool restored(std::int32_t row) const { return row < kRows; }
 
     static bool isRow(std::int32_t row) { return row >= 0 && row < kRows; }
 

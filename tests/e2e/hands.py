@@ -151,7 +151,9 @@ class Hands(DeskTest):
         point = sorted(p for p in probe.points if 20 < p < 400)[1]
         target = next(row for row in range(point + 9, point + 20) if self.readings[row] != MISSING)
         plot.drag(point, target)
-        wait_for("the unsaved change", lambda: self.window.menu_entry("File", "Save").enabled)
+        plot.to(target + 1)
+        plot.to(target)
+        wait_for("the baseline at the point", lambda: self.window.cue("Baseline under the pointer") == self.shown(target))
         probe.set_point(target, taken_from=point)
 
     def stretch(self, probe, start, length):

@@ -137,11 +137,16 @@ TEST(Press, ofASecondButtonWhileOneIsHeldIsIgnored)
     EXPECT_EQ(window.selected(), Rows(33, 33));
 }
 
-TEST(Press, ofTheMiddleButtonWorksLikeTheLeftButIsNotHeld)
+TEST(Press, ofTheMiddleButtonWorksLikeTheLeftButDragsNothing)
 {
     Pointed window;
     window.pointing.Picture1_MouseDown({PointerButton::other, false, 13});
     EXPECT_EQ(window.selected(), Rows(33, 33));
+    EXPECT_EQ(window.view.heldButton, PointerButton::other);
+    window.calls.clear();
+    window.move(40);
+    EXPECT_THAT(window.calls, IsEmpty());
+    window.release(40);
     EXPECT_FALSE(window.view.isHeld);
 }
 

@@ -1,6 +1,8 @@
 // SPDX-License-Identifier: MIT
 #include "pointer_fixture.h"
 
+#include <stdexcept>
+
 namespace tarvelint::test {
 namespace {
 
@@ -197,6 +199,37 @@ TEST(EnterOnTheRow, takesAPointInHandAndTheNextOneDropsIt)
     window.pointing.pressAt(25, false);
     EXPECT_EQ(window.calls.front(), "setPoint 45 37 False");
     EXPECT_EQ(window.view.grabbedPoint, -1);
+}
+
+TEST(EnterOnTheRow, aPointInHandDoesNotFollowTheMouse)
+{
+    Pointed window;
+    window.turbo({37});
+    window.pointing.pressAt(18, false);
+    window.move(50);
+    EXPECT_EQ(window.view.dragRow, -1);
+    window.release(50); // of a press that was not taken
+    EXPECT_EQ(window.view.grabbedPoint, 37);
+}
+
+TEST(EnterOnTheRow, holdsNothingWhateverHappensMeanwhile)
+{
+    struct Closing : Pointed {
+        void convertSelection(bool) override { throw std::runtime_error("closing"); }
+    } window;
+    window.oneClick();
+    window.pointing.pressAt(10, false);
+    EXPECT_THROW(window.pointing.pressAt(20, false), std::runtime_error);
+    EXPECT_FALSE(window.view.isHeld);
+}
+
+TEST(DoubleClickOnTheRow, addsAPointAndHoldsNothing)
+{
+    Pointed window;
+    window.turbo({});
+    window.pointing.doubleClickAt(17);
+    EXPECT_EQ(window.view.markRow, 37);
+    EXPECT_FALSE(window.view.isHeld);
 }
 
 TEST(RowCursorMovement, showsCuesAndSnapsButDoesNotScroll)

@@ -5,6 +5,7 @@
 #include "app/qt/plot_key_events.h"
 #include "app/qt/window_list.h"
 
+#include <QAbstractButton>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
@@ -52,7 +53,7 @@ void FrmMain::wireCommands()
     using enum Control;
     const auto on = [this](Control control, const std::function<void()>& handler) {
         m_form.controls().onTriggered(control, this, [this, control, handler] {
-            if (m_core.isEnabled(control)) command(handler);
+            if (m_core.isEnabled(control) && !endsScrolling(handler)) command(handler);
         });
     };
     Engine& core = m_core;
@@ -171,6 +172,8 @@ void FrmMain::wirePlots()
                 [this](int angle, bool zooms) { command([&] { m_core.scrolling.turnWheel(angle, zooms); }); });
     }
     wirePointer();
+    const auto buttons = m_form.findChildren<QAbstractButton*>();
+    for (QAbstractButton* button : buttons) button->installEventFilter(this);
 }
 
 void FrmMain::wirePointer()
@@ -179,16 +182,11 @@ void FrmMain::wirePointer()
     connect(&plot, &PlotArea::pressed, this, &FrmMain::takePress);
     connect(&plot, &PlotArea::doubleClicked, this, [this](const PointerPress& press) {
         if (press.button != PointerButton::left) return takePress(press);
+        if (endsScrolling([this] { m_core.pointing.Picture1_DblClick(); })) return;
         gesture([&] { m_core.pointing.Picture1_DblClick(); });
     });
-    connect(&plot, &PlotArea::moved, this, [this](float x) {
-        if (isBusy()) return record([&] { m_core.pointing.moveWhileBusy(x); });
-        gesture([&] { m_core.pointing.Picture1_MouseMove(x); });
-    });
-    connect(&plot, &PlotArea::released, this, [this](float x) {
-        if (isBusy()) return record([&] { m_core.pointing.releaseWhileBusy(); });
-        gesture([&] { m_core.pointing.Picture1_MouseUp(x); });
-    });
+    connect(&plot, &PlotArea::moved, this, &FrmMain::takeMove);
+    connect(&plot, &PlotArea::released, this, &FrmMain::takeRelease);
     connect(&plot, &PlotArea::left, this, [this] { record([&] { m_core.pointing.endHoverScrolling(); }); });
 }
 
@@ -196,6 +194,23 @@ void FrmMain::takePress(const PointerPress& press)
 {
     if (endsScrolling([this, press] { m_core.pointing.Picture1_MouseDown(press); })) return;
     gesture([&] { m_core.pointing.Picture1_MouseDown(press); });
+}
+
+void FrmMain::takeMove(float x, bool isButtonDown)
+{
+    if (isBusy()) return record([&] { m_core.pointing.moveWhileBusy(x); });
+    // A release while a message stood in the way went nowhere.
+    if (m_core.view.isHeld && !isButtonDown) gesture([&] { m_core.pointing.Picture1_MouseUp(x); });
+    gesture([&] { m_core.pointing.Picture1_MouseMove(x); });
+}
+
+void FrmMain::takeRelease(PointerButton button, float x)
+{
+    if (m_core.boundary.isWaitingAfterwards()) // its press is: both are carried out once scrolling has ended
+        return m_core.boundary.afterwards([this, x] { m_core.pointing.Picture1_MouseUp(x); });
+    if (button != m_core.view.heldButton) return;
+    if (isBusy()) return record([&] { m_core.pointing.releaseWhileBusy(); });
+    gesture([&] { m_core.pointing.Picture1_MouseUp(x); });
 }
 
 /// While the plot scrolls by itself, without a button, a key or press ends that and is carried out afterwards.
@@ -215,6 +230,7 @@ void FrmMain::redrawBoth()
 void FrmMain::record(const std::function<void()>& body)
 {
     m_core.boundary.record(body);
+    showRowCursor();
     closeWhenUnwound();
 }
 
@@ -233,7 +249,13 @@ void FrmMain::command(const std::function<void()>& body)
 
 void FrmMain::showAll()
 {
+    m_core.keys.tellRow();
     m_toolkit.showAll();
+    showRowCursor();
+}
+
+void FrmMain::showRowCursor()
+{
     const bool hasCursor = m_core.view.rowCursor >= 0;
     m_form.plot(0).showRowCursor(hasCursor ? std::optional(static_cast<int>(m_core.keys.cursorX())) : std::nullopt);
 }
@@ -279,6 +301,7 @@ void FrmMain::closeEvent(QCloseEvent& event)
     event.ignore();
     if (m_closing) return; // asked once more while it asks whether to save
     if (isBusy()) return closeLater();
+    record([&] { m_core.pointing.endGesture(); }); // as if the button had been released
     bool stays = true;
     const QScopedValueRollback closing(m_closing, true);
     command([&] {
@@ -312,18 +335,28 @@ bool FrmMain::eventFilter(QObject* watched, QEvent* event)
         break;
     }
     case QEvent::WindowDeactivate:
-        if (watched == &m_form && m_core.view.isHeld) record([&] { m_core.pointing.endGesture(); });
+        if (watched == &m_form && (m_core.view.isHeld || m_core.view.grabbedPoint >= 0))
+            record([&] { m_core.pointing.endGesture(); });
+        if (watched == &m_form) record([&] { m_core.pointing.endHoverScrolling(); });
         break;
     case QEvent::FocusIn:
         if (watched == &m_form.scrollBar()) record([&] { m_core.scrolling.HScroll1_GotFocus(); });
         break;
     case QEvent::KeyPress:
         if (watched == &m_form) return takePlotKey(*static_cast<QKeyEvent*>(event));
+        if (qobject_cast<QAbstractButton*>(watched) != nullptr) return takeArrow(*static_cast<QKeyEvent*>(event));
         if (const auto* box = qobject_cast<QLineEdit*>(watched)) return takeKey(*box, *static_cast<QKeyEvent*>(event));
         break;
     default: break;
     }
     return false;
+}
+
+/// A button in focus would move the focus; arrows belong to the selection.
+bool FrmMain::takeArrow(const QKeyEvent& key)
+{
+    const bool isArrow = key.key() >= Qt::Key_Left && key.key() <= Qt::Key_Down;
+    return isArrow && takePlotKey(key);
 }
 
 /// A key that no control in focus has taken.

@@ -53,10 +53,14 @@ private:
     void wirePlots();
     void wirePointer();
     void takePress(const PointerPress& press);
+    void takeMove(float x, bool isButtonDown);
+    void takeRelease(PointerButton button, float x);
     void gesture(const std::function<void()>& body);
     [[nodiscard]] bool endsScrolling(const std::function<void()>& body);
+    [[nodiscard]] bool takeArrow(const QKeyEvent& key);
     [[nodiscard]] bool takePlotKey(const QKeyEvent& key);
     void showAll();
+    void showRowCursor();
     [[nodiscard]] bool takeKey(const QLineEdit& box, const QKeyEvent& key);
     void keyInBox(const QLineEdit& box);
     void record(const std::function<void()>& body);

@@ -4,7 +4,9 @@
 #include <QMouseEvent>
 #include <QPainter>
 #include <QTimer>
+
 #include <QWheelEvent>
+#include <algorithm>
 
 #include <cstdlib>
 
@@ -17,12 +19,18 @@ float xOf(const QMouseEvent& event)
     return static_cast<float>(event.position().x());
 }
 
+PointerButton buttonOf(const QMouseEvent& event)
+{
+    switch (event.button()) {
+    case Qt::LeftButton: return PointerButton::left;
+    case Qt::RightButton: return PointerButton::right;
+    default: return PointerButton::other;
+    }
+}
+
 PointerPress pressOf(const QMouseEvent& event)
 {
-    const PointerButton button = event.button() == Qt::LeftButton    ? PointerButton::left
-                                 : event.button() == Qt::RightButton ? PointerButton::right
-                                                                     : PointerButton::other;
-    return {button, event.modifiers() == Qt::ShiftModifier, xOf(event)};
+    return {buttonOf(event), event.modifiers() == Qt::ShiftModifier, xOf(event)};
 }
 
 } // namespace
@@ -41,7 +49,8 @@ void PlotArea::paintEvent(QPaintEvent*)
     if (m_index == 0) painter.fillRect(0, height() - 1, width(), 1, palette().mid()); // the companion follows at once
     if (m_cursor) {
         painter.setPen(QPen(palette().color(QPalette::Highlight), 1, Qt::DashLine));
-        painter.drawLine(*m_cursor, 0, *m_cursor, height() - 1);
+        const int x = std::min(*m_cursor, width() - 1); // the record's last row may lie just beyond the edge
+        painter.drawLine(x, 0, x, height() - 1);
     }
     // A window that moves to a screen of another scale is painted anew, but not told why.
     if (m_surface.ratio() == devicePixelRatioF()) return;
@@ -66,12 +75,12 @@ void PlotArea::mousePressEvent(QMouseEvent* event)
 
 void PlotArea::mouseMoveEvent(QMouseEvent* event)
 {
-    Q_EMIT moved(xOf(*event));
+    Q_EMIT moved(xOf(*event), event->buttons() != Qt::NoButton);
 }
 
 void PlotArea::mouseReleaseEvent(QMouseEvent* event)
 {
-    if (event->button() == Qt::LeftButton) Q_EMIT released(xOf(*event));
+    Q_EMIT released(buttonOf(*event), xOf(*event));
 }
 
 void PlotArea::mouseDoubleClickEvent(QMouseEvent* event)

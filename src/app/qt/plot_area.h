@@ -28,8 +28,8 @@ public:
 Q_SIGNALS:
     // The pointer on the area; `x` in plot units from its left edge.
     void pressed(const PointerPress& press);
-    void moved(float x);
-    void released(float x);
+    void moved(float x, bool isButtonDown);
+    void released(PointerButton button, float x);
     void doubleClicked(const PointerPress& press);
     void left();
     /// The wheel or the touchpad moved over the area, in eighths of a degree, positive away from the hand.

@@ -80,9 +80,8 @@ std::function<void()> plotKeyHandler(Engine& engine, const QKeyEvent& key, bool 
     const Qt::KeyboardModifiers modifiers = key.modifiers() & ~Qt::KeypadModifier;
     if (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter)
         return isOnPlot ? enterKey(engine, modifiers) : Handler();
-    if (key.key() == Qt::Key_Menu) return [&engine] { engine.keys.editValueHere(); };
-    if (modifiers.testFlag(Qt::ControlModifier) && !modifiers.testFlag(Qt::AltModifier))
-        return rowCursorKey(engine, key);
+    if (key.key() == Qt::Key_Menu && modifiers == Qt::NoModifier) return [&engine] { engine.keys.editValueHere(); };
+    if ((modifiers & ~Qt::ShiftModifier) == Qt::ControlModifier) return rowCursorKey(engine, key);
     if ((modifiers & ~Qt::ShiftModifier) != Qt::NoModifier) return {};
     if (Handler scrolls = scrollKey(engine, key.key()); scrolls && modifiers == Qt::NoModifier) return scrolls;
     return keyTable(engine, key.key());

@@ -106,7 +106,7 @@ ChangeForm& WindowList::changeForm()
 
 ChangeForm* WindowList::openChangeForm() const
 {
-    return m_changeForm && m_changeForm->isVisible() ? m_changeForm : nullptr;
+    return m_changeForm && m_changeForm->isWaitedFor() ? m_changeForm : nullptr;
 }
 
 void WindowList::newWindow()
