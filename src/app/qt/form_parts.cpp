@@ -6,6 +6,9 @@
 #include <QStyle>
 #include <QWheelEvent>
 
+#include <algorithm>
+#include <cstdlib>
+
 namespace tarvelint {
 
 void ElidedLabel::paintEvent(QPaintEvent*)
@@ -14,7 +17,13 @@ void ElidedLabel::paintEvent(QPaintEvent*)
     const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, width());
     style()->drawItemText(&painter, rect(), static_cast<int>(alignment()), palette(), isEnabled(), shown,
                           foregroundRole());
-    setToolTip(shown == text() ? QString() : wholeTextTip(text()));
+}
+
+bool ElidedLabel::event(QEvent* event)
+{
+    if (event->type() == QEvent::ToolTip)
+        setToolTip(fontMetrics().horizontalAdvance(text()) > width() ? wholeTextTip(text()) : QString());
+    return QLabel::event(event);
 }
 
 void CalmList::wheelEvent(QWheelEvent* event)
@@ -26,7 +35,7 @@ RangeBox::RangeBox(QWidget* parent) : QLineEdit(parent)
 {
     setFont(smallPrint(font()));
     setAlignment(Qt::AlignRight);
-    connect(this, &QLineEdit::textChanged, this, &QWidget::setToolTip);
+    connect(this, &QLineEdit::textChanged, this, [this](const QString& text) { setToolTip(wholeTextTip(text)); });
 }
 
 void PlotsFrame::watch(QWidget* plot)
@@ -35,10 +44,30 @@ void PlotsFrame::watch(QWidget* plot)
     plot->installEventFilter(this);
 }
 
-bool PlotsFrame::eventFilter(QObject*, QEvent* event)
+bool PlotsFrame::eventFilter(QObject* watched, QEvent* event)
 {
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) update();
-    return false;
+    if (event->type() != QEvent::Wheel || m_plots.contains(watched)) return false;
+    turn(*static_cast<QWheelEvent*>(event));
+    return true;
+}
+
+void PlotsFrame::wheelEvent(QWheelEvent* event)
+{
+    // Plots pass their wheel on, and one without a column is disabled and gets none.
+    const QPoint at = event->position().toPoint();
+    const bool isOverPlot =
+        std::ranges::any_of(m_plots, [at](const QWidget* plot) { return plot->geometry().contains(at); });
+    if (isOverPlot) turn(*event);
+    event->setAccepted(isOverPlot);
+}
+
+void PlotsFrame::turn(const QWheelEvent& event)
+{
+    // Some desktops turn the wheel sideways while Alt is held, touchpads move both ways at once.
+    const QPoint turned = event.angleDelta();
+    const int angle = std::abs(turned.x()) > std::abs(turned.y()) ? turned.x() : turned.y();
+    if (angle != 0) Q_EMIT wheelTurned(angle, event.modifiers().testFlag(Qt::ControlModifier));
 }
 
 void PlotsFrame::paintEvent(QPaintEvent*)

@@ -3,9 +3,6 @@
 
 #include <QPainter>
 #include <QTimer>
-#include <QWheelEvent>
-
-#include <cstdlib>
 
 namespace tarvelint {
 
@@ -26,15 +23,6 @@ void PlotArea::paintEvent(QPaintEvent*)
         fitSurface();
         Q_EMIT scaleChanged();
     });
-}
-
-void PlotArea::wheelEvent(QWheelEvent* event)
-{
-    // Some desktops turn the wheel sideways while Alt is held, touchpads move both ways at once.
-    const QPoint turned = event->angleDelta();
-    const int angle = std::abs(turned.x()) > std::abs(turned.y()) ? turned.x() : turned.y();
-    if (angle != 0) Q_EMIT wheelTurned(angle, event->modifiers().testFlag(Qt::ControlModifier));
-    event->accept();
 }
 
 } // namespace tarvelint

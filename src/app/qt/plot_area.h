@@ -20,15 +20,12 @@ public:
     void fitSurface() { m_surface.resize(size(), devicePixelRatioF()); }
 
 Q_SIGNALS:
-    /// The wheel or the touchpad moved over the area, in eighths of a degree, positive away from the hand.
-    void wheelTurned(int eighthsOfDegrees, bool withCtrl);
     /// The screen's scale changed: nothing of the old pixels is left.
     void scaleChanged();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent*) override { fitSurface(); }
-    void wheelEvent(QWheelEvent* event) override;
 
 private:
     int m_index;
