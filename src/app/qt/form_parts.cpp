@@ -6,7 +6,6 @@
 #include <QStyle>
 #include <QWheelEvent>
 
-#include <algorithm>
 #include <cstdlib>
 
 namespace tarvelint {
@@ -44,22 +43,12 @@ void PlotsFrame::watch(QWidget* plot)
     plot->installEventFilter(this);
 }
 
-bool PlotsFrame::eventFilter(QObject* watched, QEvent* event)
+bool PlotsFrame::eventFilter(QObject*, QEvent* event)
 {
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) update();
-    if (event->type() != QEvent::Wheel || m_plots.contains(watched)) return false;
+    if (event->type() != QEvent::Wheel) return false;
     turn(*static_cast<QWheelEvent*>(event));
     return true;
-}
-
-void PlotsFrame::wheelEvent(QWheelEvent* event)
-{
-    // Plots pass their wheel on, and one without a column is disabled and gets none.
-    const QPoint at = event->position().toPoint();
-    const bool isOverPlot =
-        std::ranges::any_of(m_plots, [at](const QWidget* plot) { return plot->geometry().contains(at); });
-    if (isOverPlot) turn(*event);
-    event->setAccepted(isOverPlot);
 }
 
 void PlotsFrame::turn(const QWheelEvent& event)

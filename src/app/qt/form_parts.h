@@ -41,7 +41,7 @@ class PlotsFrame : public QWidget {
     Q_OBJECT
 public:
     using QWidget::QWidget;
-    /// Shows from now on whether this child has the focus.
+    /// Shows from now on whether this child has the focus, and takes its wheel, whether it is in use or not.
     void watch(QWidget* plot);
     /// The wheel turns over this child as over a plot.
     void takeWheelOf(QWidget* child) { child->installEventFilter(this); }
@@ -53,7 +53,6 @@ Q_SIGNALS:
 
 protected:
     void paintEvent(QPaintEvent* event) override;
-    void wheelEvent(QWheelEvent* event) override;
 
 private:
     void turn(const QWheelEvent& event);
