@@ -8,7 +8,7 @@ namespace tarvelint {
 
 namespace {
 
-constexpr double kPixel = 15; // twips
+constexpr double kPixel = kTwipsPerPixel;
 
 /// A place in twips.
 struct Place {

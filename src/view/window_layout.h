@@ -8,6 +8,8 @@
 /// menu bar, tool bar and status bar included.
 namespace tarvelint {
 
+inline constexpr double kTwipsPerPixel = 15;
+
 /// A place in device-independent pixels; no length is negative.
 struct PixelRect {
     int left = 0;
@@ -25,8 +27,8 @@ struct PlacedControl {
     bool isShown = true; ///< False for a caption that a low window has no room for
 };
 
-/// The rules of `Form_Resize`: both plots grow with the window, one below the other; what belongs to them keeps to them,
-/// and the three rows of cues to the frame's lower edge. Everything else stands where it was designed.
+/// The rules of `Form_Resize`: both plots grow with the window, one below the other; what belongs to them keeps to
+/// them, and the three rows of cues to the frame's lower edge. Everything else stands where it was designed.
 /// @param width, height  of the area below the menu bar, in device-independent pixels
 [[nodiscard]] std::vector<PlacedControl> placeControls(int width, int height);
 

@@ -22,6 +22,18 @@ std::pair<std::string, Pointer> modeShown(bool lineMode, bool sloppy)
     return {window.text(Control::statusPanel1), window.pointer()};
 }
 
+TEST(Record, withoutRowsOrWithoutColumnsIsEmpty)
+{
+    Record record;
+    EXPECT_TRUE(record.isEmpty());
+    record.columns = 3;
+    EXPECT_TRUE(record.isEmpty());
+    record.lines = 4;
+    EXPECT_FALSE(record.isEmpty());
+    record.columns = 0;
+    EXPECT_TRUE(record.isEmpty());
+}
+
 TEST(WindowControls, aChangeIsKeptAndToldToTheToolkit)
 {
     TestWindow window;

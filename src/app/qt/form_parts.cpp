@@ -6,6 +6,8 @@
 #include <QStyle>
 #include <QWheelEvent>
 
+#include <cstdlib>
+
 namespace tarvelint {
 
 void ElidedLabel::paintEvent(QPaintEvent*)
@@ -14,7 +16,13 @@ void ElidedLabel::paintEvent(QPaintEvent*)
     const QString shown = fontMetrics().elidedText(text(), Qt::ElideRight, width());
     style()->drawItemText(&painter, rect(), static_cast<int>(alignment()), palette(), isEnabled(), shown,
                           foregroundRole());
-    setToolTip(shown == text() ? QString() : wholeTextTip(text()));
+}
+
+bool ElidedLabel::event(QEvent* event)
+{
+    if (event->type() == QEvent::ToolTip)
+        setToolTip(fontMetrics().horizontalAdvance(text()) > width() ? wholeTextTip(text()) : QString());
+    return QLabel::event(event);
 }
 
 void CalmList::wheelEvent(QWheelEvent* event)
@@ -26,7 +34,7 @@ RangeBox::RangeBox(QWidget* parent) : QLineEdit(parent)
 {
     setFont(smallPrint(font()));
     setAlignment(Qt::AlignRight);
-    connect(this, &QLineEdit::textChanged, this, &QWidget::setToolTip);
+    connect(this, &QLineEdit::textChanged, this, [this](const QString& text) { setToolTip(wholeTextTip(text)); });
 }
 
 void PlotsFrame::watch(QWidget* plot)
@@ -38,7 +46,17 @@ void PlotsFrame::watch(QWidget* plot)
 bool PlotsFrame::eventFilter(QObject*, QEvent* event)
 {
     if (event->type() == QEvent::FocusIn || event->type() == QEvent::FocusOut) update();
-    return false;
+    if (event->type() != QEvent::Wheel) return false;
+    turn(*static_cast<QWheelEvent*>(event));
+    return true;
+}
+
+void PlotsFrame::turn(const QWheelEvent& event)
+{
+    // Some desktops turn the wheel sideways while Alt is held, touchpads move both ways at once.
+    const QPoint turned = event.angleDelta();
+    const int angle = std::abs(turned.x()) > std::abs(turned.y()) ? turned.x() : turned.y();
+    if (angle != 0) Q_EMIT wheelTurned(angle, event.modifiers().testFlag(Qt::ControlModifier));
 }
 
 void PlotsFrame::paintEvent(QPaintEvent*)

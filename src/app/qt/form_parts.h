@@ -13,6 +13,7 @@ class ElidedLabel : public QLabel {
 public:
     using QLabel::QLabel;
     [[nodiscard]] QSize minimumSizeHint() const override { return {0, QLabel::minimumSizeHint().height()}; }
+    bool event(QEvent* event) override;
 
 protected:
     void paintEvent(QPaintEvent* event) override;
@@ -40,14 +41,22 @@ class PlotsFrame : public QWidget {
     Q_OBJECT
 public:
     using QWidget::QWidget;
-    /// Shows from now on whether this child has the focus.
+    /// Shows from now on whether this child has the focus, and takes its wheel, whether it is in use or not.
     void watch(QWidget* plot);
+    /// The wheel turns over this child as over a plot.
+    void takeWheelOf(QWidget* child) { child->installEventFilter(this); }
     bool eventFilter(QObject* watched, QEvent* event) override;
+
+Q_SIGNALS:
+    /// The wheel or the touchpad moved over a plot, in use or not, in eighths of a degree, positive away from the hand.
+    void wheelTurned(int eighthsOfDegrees, bool withCtrl);
 
 protected:
     void paintEvent(QPaintEvent* event) override;
 
 private:
+    void turn(const QWheelEvent& event);
+
     QList<QWidget*> m_plots;
 };
 

@@ -155,9 +155,8 @@ void FrmMain::wireScrollBar()
     connect(&bar, &QScrollBar::sliderMoved, this,
             [this](int value) { command([&] { m_core.scrolling.HScroll1_Scroll(value); }); });
     connect(&bar, &QScrollBar::sliderReleased, this, [this] { command([&] { m_core.HScroll1_Change(); }); });
-    connect(&bar, &QScrollBar::actionTriggered, this, [this, &bar](int) {
+    connect(&bar, &QScrollBar::valueChanged, this, [this, &bar](int value) {
         if (bar.isSliderDown()) return; // the drag says so itself
-        const int value = bar.sliderPosition();
         command([&] { m_core.setScrollValue(value); });
     });
 }
@@ -165,12 +164,10 @@ void FrmMain::wireScrollBar()
 void FrmMain::wirePlots()
 {
     connect(&m_form, &MainForm::plotsResized, this, [this] { record([&] { m_core.scrolling.Form_Resize(); }); });
-    for (int index = 0; index < 2; ++index) {
-        const PlotArea& plot = m_form.plot(index);
-        connect(&plot, &PlotArea::scaleChanged, this, &FrmMain::redrawBoth);
-        connect(&plot, &PlotArea::wheelTurned, this,
-                [this](int angle, bool zooms) { command([&] { m_core.scrolling.turnWheel(angle, zooms); }); });
-    }
+    connect(&m_form, &MainForm::wheelTurned, this,
+            [this](int angle, bool zooms) { command([&] { m_core.scrolling.turnWheel(angle, zooms); }); });
+    for (int index = 0; index < 2; ++index)
+        connect(&m_form.plot(index), &PlotArea::scaleChanged, this, &FrmMain::redrawBoth);
     wirePointer();
     const auto buttons = m_form.findChildren<QAbstractButton*>();
     for (QAbstractButton* button : buttons) button->installEventFilter(this);
@@ -340,6 +337,7 @@ bool FrmMain::eventFilter(QObject* watched, QEvent* event)
         if (watched == &m_form) record([&] { m_core.pointing.endHoverScrolling(); });
         break;
     case QEvent::FocusIn:
+    case QEvent::MouseButtonRelease: // it never keeps the focus, also where a click moves nothing
         if (watched == &m_form.scrollBar()) record([&] { m_core.scrolling.HScroll1_GotFocus(); });
         break;
     case QEvent::KeyPress:

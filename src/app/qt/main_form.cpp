@@ -179,7 +179,10 @@ void MainForm::buildPlots()
         m_controls.add(element(Control::Picture1_0, index), plot);
         buildRange(index);
     }
-    m_controls.add(Control::HScroll1, new QScrollBar(Qt::Horizontal, m_frame));
+    auto* bar = new QScrollBar(Qt::Horizontal, m_frame);
+    m_frame->takeWheelOf(bar);
+    m_controls.add(Control::HScroll1, bar);
+    connect(m_frame, &PlotsFrame::wheelTurned, this, &MainForm::wheelTurned);
 }
 
 void MainForm::buildRange(int index)

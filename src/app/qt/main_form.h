@@ -47,6 +47,8 @@ public:
 Q_SIGNALS:
     /// Both plots have another size; their surfaces have it already, with the pixels that still fit.
     void plotsResized();
+    /// See `PlotsFrame`.
+    void wheelTurned(int eighthsOfDegrees, bool withCtrl);
 
 private:
     void buildBars(const StringTable& table);
@@ -56,14 +58,10 @@ private:
     void buildRange(int index);
     void buildSelectionCues();
     void buildCueRows();
-    /// Puts a widget into the form, or into the frame.
-    template <class W>
-    W* put(Control control, W* widget);
     QLabel* addTag(QWidget& owner, const char* name, const char* text, Qt::Alignment alignment = Qt::AlignLeft);
     void addButton(Control control, QWidget& owner);
     void addCheck(Control control, QWidget& owner);
     void addValue(Control control, QWidget& owner);
-    void addRangeBox(Control control);
     void addList(int index);
     void setTabOrders();
     void findPlaced();

@@ -5,10 +5,7 @@
 #include <QPainter>
 #include <QTimer>
 
-#include <QWheelEvent>
 #include <algorithm>
-
-#include <cstdlib>
 
 namespace tarvelint {
 
@@ -86,15 +83,6 @@ void PlotArea::mouseReleaseEvent(QMouseEvent* event)
 void PlotArea::mouseDoubleClickEvent(QMouseEvent* event)
 {
     Q_EMIT doubleClicked(pressOf(*event));
-}
-
-void PlotArea::wheelEvent(QWheelEvent* event)
-{
-    // Some desktops turn the wheel sideways while Alt is held, touchpads move both ways at once.
-    const QPoint turned = event->angleDelta();
-    const int angle = std::abs(turned.x()) > std::abs(turned.y()) ? turned.x() : turned.y();
-    if (angle != 0) Q_EMIT wheelTurned(angle, event->modifiers().testFlag(Qt::ControlModifier));
-    event->accept();
 }
 
 } // namespace tarvelint

@@ -32,15 +32,12 @@ Q_SIGNALS:
     void released(PointerButton button, float x);
     void doubleClicked(const PointerPress& press);
     void left();
-    /// The wheel or the touchpad moved over the area, in eighths of a degree, positive away from the hand.
-    void wheelTurned(int eighthsOfDegrees, bool withCtrl);
     /// The screen's scale changed: nothing of the old pixels is left.
     void scaleChanged();
 
 protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent*) override { fitSurface(); }
-    void wheelEvent(QWheelEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
     void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;

@@ -10,6 +10,7 @@
 #include "dialogs/column_setup_dialog.h"
 #include "dialogs/file_dialogs.h"
 #include "dialogs/save_contents_dialog.h"
+#include "view/window_layout.h"
 
 #include <QApplication>
 #include <QEventLoop>
@@ -24,8 +25,6 @@
 namespace tarvelint {
 
 namespace {
-
-constexpr double kTwipsPerPixel = 15;
 
 /// Rounded to nearest, halves to even; within what a window system can place.
 int pixels(float twips)
