@@ -119,7 +119,11 @@ public:
 
     void undoSave(std::int32_t column) override
     {
-        if (record.hasColumn(column) && view.selEnd >= view.selStart) copied = taken(record, sensors, -1, column);
+        if (record.hasColumn(column) && view.selEnd >= view.selStart) {
+            copied = taken(record, sensors, -1, column);
+            copiedFrom = view.selStart;
+            copiedTo = view.selEnd;
+        }
         Engine::undoSave(column);
     }
     void setPoint(std::int32_t toPoint, std::int32_t fromPoint, bool dlt) override

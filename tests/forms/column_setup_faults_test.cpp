@@ -93,5 +93,31 @@ TEST(ColumnSetupFaults, aRecordOfOneColumnIsNamedInTheSingular)
               "The VPD column \"11\" does not exist: the file has 1 column. Type a number from 1 to 1.");
 }
 
+TEST(ColumnSetupOk, asksBeforeItReplacesPointsChangedByHand)
+{
+    SetupWindow window;
+    window.addLulls();
+    window.dialog().setCheckBox(3, true);
+    window.dialog().setCheckBox(11, true);
+    EXPECT_EQ(window.okWithPreProcess(), "");
+    EXPECT_EQ(window.okWithPreProcess(), ""); // no question: nothing was changed since
+    window.sensors.setPoint(0, 20, true);
+    window.sensors.markEdited();
+    window.fakeUi.showColumnSetup(true);
+
+    window.fakeUi.answers = {Answer::cancel};
+    window.calls.clear();
+    EXPECT_EQ(window.okWithPreProcess(), "");
+    EXPECT_TRUE(window.sensors.isPoint(0, 20));
+    EXPECT_TRUE(window.fakeUi.columnSetupShown); // open, with nothing applied
+    EXPECT_TRUE(window.calls.empty());
+
+    window.fakeUi.answers = {Answer::ok};
+    EXPECT_EQ(window.okWithPreProcess(), "");
+    EXPECT_FALSE(window.sensors.isPoint(0, 20));
+    EXPECT_FALSE(window.fakeUi.columnSetupShown);
+    EXPECT_EQ(window.fakeUi.messages.size(), 2U);
+}
+
 } // namespace
 } // namespace tarvelint::test

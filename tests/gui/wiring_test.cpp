@@ -111,10 +111,11 @@ private Q_SLOTS:
                                                "mnuViewStatusBar mnuToolsOptions mnuHelpAbout"));
         desk.openSample();
         QCOMPARE(entriesThatAreOn(desk),
-                 words("mnuFileNew mnuFileOpen mnuFileClose mnuFileSave mnuFileSaveAs mnuFileExit mnuEditSelectAll "
+                 words("mnuFileNew mnuFileOpen mnuFileClose mnuFileSave mnuFileSaveAs mnuFileExit mnuEditClear "
+                       "mnuEditSelectAll "
                        "mnuViewToolbar mnuViewStatusBar mnuViewRefresh mnuViewLabels mnuViewZoomIn mnuToolsView "
-                       "mnuToolsConvert mnuToolsRecalculateSelection mnuToolsRecalculate mnuToolsRecalculateAll "
-                       "mnuToolsOptions mnuHelpAbout"));
+                       "mnuToolsConvert mnuToolsDelete mnuToolsBreak mnuToolsInterpolate mnuToolsRecalculateSelection "
+                       "mnuToolsRecalculate mnuToolsRecalculateAll mnuToolsOptions mnuHelpAbout"));
     }
 
     void aLoadEnablesAllOtherControlsButTwo()

@@ -206,6 +206,32 @@ TEST(UpdateLabels, showsTheLabelsEvenWhileNumbersWereShown)
     EXPECT_THAT(panel.entries(), ElementsAre("day", "time", "oak", "pine"));
 }
 
+// ---- a chain of clicks
+
+TEST(ChooseColumn, endsAOneClickChainOnlyInTheMainListAndForAnotherColumn)
+{
+    Panel panel;
+    panel.choose(0, 0);
+    panel.view.lineMode = panel.view.chainActive = true;
+    panel.setPointer(Pointer::fourWay);
+    panel.lists.choose(1, 1);
+    panel.lists.choose(0, 0);
+    EXPECT_TRUE(panel.view.chainActive);
+    panel.lists.choose(0, 1);
+    EXPECT_FALSE(panel.view.chainActive);
+    EXPECT_EQ(panel.pointer(), Pointer::northSouth);
+}
+
+TEST(ChooseColumn, inTraditionalModeLeavesThePointer)
+{
+    Panel panel;
+    panel.choose(0, 0);
+    panel.view.chainActive = true; // left over from the one-click modes
+    panel.setPointer(Pointer::cross);
+    panel.lists.choose(0, 1);
+    EXPECT_EQ(panel.pointer(), Pointer::cross);
+}
+
 } // namespace
 
 } // namespace tarvelint::test
