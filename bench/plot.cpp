@@ -1,10 +1,13 @@
 // SPDX-License-Identifier: MIT
 //
-// A year every quarter of an hour in a window of 2560 x 1440: fitting and drawing both plot areas at each zoom, and a
-// step of scrolling until the widgets show it. Beside it, the least that any drawing must do: erase both areas.
-// TARVELINT_RECORD names a record to take instead of the made-up one: its first four columns are left out.
+// A year every quarter of an hour in a window of 2560 x 1440: fitting and drawing both plot areas at each zoom, a step
+// of scrolling until the widgets show it, and a step of the thumb until the program's own window shows it. Beside it,
+// the least that any drawing must do: erase both areas. TARVELINT_RECORD names a record to take instead of the made-up
+// one: its first four columns are left out.
 
+#include "app/qt/frm_main.h"
 #include "app/qt/plot_area.h"
+#include "app/qt/window_list.h"
 #include "data/data_file_reader.h"
 #include "support/doubles.h"
 #include "support/grid.h"
@@ -15,6 +18,8 @@
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
+#include <QElapsedTimer>
+#include <QScrollBar>
 
 #include <algorithm>
 #include <array>
@@ -24,6 +29,8 @@
 #include <cstdlib>
 #include <fstream>
 #include <random>
+#include <sstream>
+#include <string>
 #include <vector>
 
 namespace tarvelint::test {
@@ -75,6 +82,18 @@ struct Around {
     ManualClock clock;
 };
 
+/// Daily points of the sensor, and a lull every night.
+void addBaseline(Window& window)
+{
+    window.view.Turbo = true;
+    window.view.curSensor = 0;
+    window.sensors.assign({kSensor}, window.record.lines);
+    for (std::int32_t row = 0; row < window.record.lines; ++row) {
+        if (row % kDay == 20) window.sensors.setPoint(0, row, true);
+        window.record.lullFlags[static_cast<std::size_t>(row)] = row % kDay < 22;
+    }
+}
+
 /// The year on surfaces of its caller: a sensor with daily points and lulls above its VPD, both in automatic range.
 struct DrawnYear : FakeUi, Around, Window {
     DrawnYear(Surface& main, Surface& companion)
@@ -86,13 +105,7 @@ struct DrawnYear : FakeUi, Around, Window {
         setEnabled(Control::Picture1_1, true);
         setChecked(Control::scaleBox0, true);
         setChecked(Control::scaleBox1, true);
-        view.Turbo = true;
-        view.curSensor = 0;
-        sensors.assign({kSensor}, record.lines);
-        for (std::int32_t row = 0; row < record.lines; ++row) {
-            if (row % kDay == 20) sensors.setPoint(0, row, true);
-            record.lullFlags[static_cast<std::size_t>(row)] = row % kDay < 22;
-        }
+        addBaseline(*this);
         setScrollRange(record.lines, 1, 1);
         moveScrollValue(record.lines / 2);
         view.selStart = record.lines / 2 + 40;
@@ -122,6 +135,87 @@ struct DrawnYear : FakeUi, Around, Window {
 
 private:
     bool m_forward = false;
+};
+
+/// The year as the program saves a record, so that it opens without questions.
+std::string savedYear()
+{
+    const std::vector<std::vector<double>> columns = year();
+    const std::size_t rows = columns.front().size();
+    std::ostringstream text;
+    text << "Tarvelint output: today,unconverted,2 columns," << rows
+         << " rows each,with labels,blank='.'\r\nVPD,S1,\r\n";
+    for (std::size_t row = 0; row < rows; ++row) {
+        for (const auto& column : columns) (column[row] == 99999 ? text << '.' : text << column[row]) << ',';
+        text << "\r\n";
+    }
+    return text.str();
+}
+
+/// The program's own window with the year opened in it, and a hand on the thumb of its scroll bar.
+class YearWindow : public QObject, Around {
+public:
+    YearWindow()
+    {
+        files.contents["year.csv"] = savedYear();
+        m_window.toolkit().askForFile = [](QWidget*, const FileDialog&, bool) {
+            return ChosenFile{"year.csv", FileType::comma};
+        };
+        for (const int index : {0, 1}) form().plot(index).installEventFilter(this);
+        form().show();
+        untilPainted();
+        QCoreApplication::processEvents(); // once painted, it comes onto the screen, which may be smaller
+        form().resize(2560, 1440);
+        m_window.command([this] { core().files.mnuFileOpen_Click(); });
+        m_window.command([this] {
+            core().lists.choose(0, kSensor);
+            core().lists.choose(1, kWeather);
+            addBaseline(core());
+        });
+        form().scrollBar().setSliderDown(true);
+        QCoreApplication::processEvents();
+    }
+    void zoom(std::int64_t factor)
+    {
+        while (core().view.zoomFactor < factor) m_window.command([this] { core().scrolling.mnuViewZoomIn_Click(); });
+        form().scrollBar().setRange(0, core().view.HScroll1.Max); // which is not shown under a hand
+        QCoreApplication::processEvents();
+    }
+    /// Moves the thumb on, at the end back to the beginning; both plots have been painted when it returns.
+    void moveThumb()
+    {
+        constexpr int kRowsOn = 101;
+        QScrollBar& bar = form().scrollBar();
+        m_paints = {};
+        bar.setSliderPosition((bar.sliderPosition() + kRowsOn) % bar.maximum());
+        untilPainted();
+    }
+    /// The record lies in a window of that size, which is too narrow for it, from the row on where the thumb stands.
+    [[nodiscard]] bool followsTheThumb()
+    {
+        return core().record.lines > kPlot.width() && form().plot(0).width() == kPlot.width() &&
+               core().view.HScroll1.Value == form().scrollBar().sliderPosition();
+    }
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override
+    {
+        if (event->type() == QEvent::Paint) ++m_paints[watched == &form().plot(0) ? 0 : 1];
+        return false;
+    }
+
+private:
+    void untilPainted() const
+    {
+        while (m_paints[0] == 0 || m_paints[1] == 0) QCoreApplication::processEvents();
+    }
+    Engine& core() { return m_window.core(); }
+    MainForm& form() { return m_window.form(); }
+
+    StringTable m_table;
+    WindowList m_windows{Environment{settings, style, files, clock}, m_table};
+    FrmMain& m_window = m_windows.create();
+    std::array<int, 2> m_paints{};
 };
 
 void eraseBoth(benchmark::State& state)
@@ -186,6 +280,36 @@ void scrollStepToThePaintedWidgets(benchmark::State& state)
     }
 }
 BENCHMARK(scrollStepToThePaintedWidgets)->RangeMultiplier(2)->Range(1, 8)->Unit(benchmark::kMillisecond);
+
+/// The time that so large a part of the steps has taken at most.
+double quantile(std::vector<double>& times, double part)
+{
+    const auto at = times.begin() + static_cast<std::ptrdiff_t>(part * static_cast<double>(times.size() - 1));
+    std::ranges::nth_element(times, at);
+    return *at;
+}
+
+/// From a step of the thumb until the program's window has painted both plots.
+void thumbStepToThePaintedWindow(benchmark::State& state)
+{
+    YearWindow window;
+    window.zoom(state.range(0));
+    std::vector<double> milliseconds;
+    for (auto _ : state) {
+        QElapsedTimer watch;
+        watch.start();
+        window.moveThumb();
+        milliseconds.push_back(static_cast<double>(watch.nsecsElapsed()) / 1e6);
+    }
+    if (!window.followsTheThumb()) state.SkipWithError("the window does not follow the thumb");
+    state.counters["median_ms"] = quantile(milliseconds, 0.5);
+    state.counters["p95_ms"] = quantile(milliseconds, 0.95);
+}
+BENCHMARK(thumbStepToThePaintedWindow)
+    ->RangeMultiplier(2)
+    ->Range(1, 8)
+    ->Iterations(1000)
+    ->Unit(benchmark::kMillisecond);
 
 } // namespace
 } // namespace tarvelint::test

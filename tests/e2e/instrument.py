@@ -28,10 +28,16 @@ def y_of(value, low, high, height):
     return 0.95 * height - (value - low) * height / ((high - low) * 1.1)
 
 
-def click_over(plot, button):
+AWAY, NEAR, LEFT, RIGHT = range(4, 8)  # the buttons that a wheel presses as it is turned
+
+
+def turn_wheel(plot, direction, held=None):
+    """One notch with the pointer over the plot, and a key held meanwhile."""
     left, top, width, height = plot.box
-    place = ["mousemove", str(left + width // 2), str(top + height // 2)]
-    subprocess.run(["xdotool", *place, "click", str(button)], check=True)
+    turn = ["mousemove", str(left + width // 2), str(top + height // 2), "click", str(direction)]
+    if held:
+        turn = ["keydown", held, *turn, "keyup", held]
+    subprocess.run(["xdotool", *turn], check=True)
 
 
 class Instrument(DeskTest):
@@ -97,8 +103,15 @@ class Instrument(DeskTest):
         self.wait_range(plot)
         wait_for("the keyboard on the plot", lambda: self.plots["main"].focused)
 
-    def top_of_trace(self):
-        return min(y for _, y in Picture(self.plots["main"].box).places(BLACK))
+    def wait_top_of_trace(self, plot, low, high):
+        """The range is drawn, as the highest reading in view lies where it says."""
+        expected = y_of(self.extremes(plot)[1], low, high, self.plots[plot].box[3])
+
+        def drawn():
+            trace = Picture(self.plots[plot].box).places(BLACK)
+            return abs(min((y for _, y in trace), default=0) - expected) <= 1.5
+
+        wait_for(f"a trace up to {expected:.0f} of the {plot} plot", drawn, limit=10)
 
     # ---- the walk
 
@@ -139,26 +152,31 @@ class Instrument(DeskTest):
         wait_for(f"a blue line at {y:.1f}", drawn, limit=10)
 
     def test_typing_a_range_turns_auto_off(self):
-        self.show("main", "VPD")
-        low, high = self.extremes("main")
-        height = self.plots["main"].box[3]
-        auto = self.window.find("Automatic range of the main plot", "check box")
+        for plot, other in (("main", "companion"), ("companion", "main")):
+            with self.subTest(plot):
+                self.show(plot, "VPD")
+                self.type_range(plot, other)
+        self.close()
+
+    def type_range(self, plot, other):
+        auto = self.window.find(f"Automatic range of the {plot} plot", "check box")
         self.assertTrue(auto.checked)
-        self.assertAlmostEqual(self.top_of_trace(), y_of(high, low, high, height), delta=1.5)
-        bottom, top = self.ends("main")
+        low, high = self.extremes(plot)
+        self.wait_top_of_trace(plot, low, high)
+        bottom, top = self.ends(plot)
         top.fill("2")
         wait_for("Auto to be off", lambda: not auto.checked)
         self.assertEqual(bottom.text, four_decimals(low))
-        shown_low = float(bottom.text)
-        expected = y_of(high, shown_low, 2, height)
-        wait_for(f"a trace up to {expected:.0f}", lambda: abs(self.top_of_trace() - expected) <= 1.5, limit=10)
+        self.wait_top_of_trace(plot, float(bottom.text), 2)
+        bottom.fill("-1")
+        self.wait_top_of_trace(plot, -1, 2)
+        next_screen = self.bar.value + self.screen
         keys("Escape", "Page_Down")
-        self.wait_bar(self.screen)
-        self.assertEqual(top.text, "2")  # the range stays with other rows
+        self.wait_bar(next_screen)
+        self.assertEqual([bottom.text, top.text], ["-1", "2"])  # the range stays with other rows
         auto.set_checked(True)
-        self.wait_range("main")
-        self.assertTrue(self.window.find("Automatic range of the companion plot", "check box").checked)
-        self.close()
+        self.wait_range(plot)
+        self.assertTrue(self.window.find(f"Automatic range of the {other} plot", "check box").checked)
 
     def wait_bar(self, row):
         wait_for(f"row {row} at the left edge, not {self.bar.value}", lambda: self.bar.value == row, limit=10)
@@ -169,9 +187,11 @@ class Instrument(DeskTest):
         self.assertEqual(self.bar.largest_value, self.last_screen)
         step = round(self.screen / 10)
         row = 0
-        for plot, button, by in (("main", 5, step), ("companion", 5, step), ("main", 4, -step), ("companion", 5, step)):
+        for plot, direction, by in (("main", NEAR, step), ("companion", NEAR, step), ("main", AWAY, -step),
+                                    ("main", RIGHT, step), ("companion", RIGHT, step), ("companion", LEFT, -step),
+                                    ("main", LEFT, -step), ("companion", NEAR, step)):
             row += by
-            click_over(self.plots[plot], button)
+            turn_wheel(self.plots[plot], direction)
             self.wait_first_row(row)
         self.plots["main"].take_focus()
         for key, row in (("Page_Down", row + self.screen), ("End", self.last_screen),
@@ -189,10 +209,29 @@ class Instrument(DeskTest):
         for entry, zooms in (("Zoom In (+)", (2, 4, 8)), ("Zoom Out (-)", (4, 2, 1))):
             for self.zoom in zooms:
                 self.entry(entry).trigger()
-                wait_for("the new range of the bar", lambda: self.bar.largest_value == self.last_screen, limit=10)
-                self.wait_first_row(first)  # the zoom keeps it
+                self.wait_zoomed(first)
             self.assertFalse(self.entry(entry).enabled)
         self.close()
+
+    def test_zoom_by_wheel(self):
+        self.show("main", SENSOR)
+        self.show("companion", "Time")
+        keys("Page_Down")
+        first = self.screen
+        self.wait_first_row(first)
+        for plot in self.plots.values():
+            for direction, zooms in ((AWAY, (2, 4, 8, 8)), (NEAR, (4, 2, 1, 1))):  # the last notch has no effect
+                for self.zoom in zooms:
+                    turn_wheel(plot, direction, held="ctrl")
+                    self.wait_zoomed(first)
+        turn_wheel(self.plots["main"], NEAR)  # without Ctrl it scrolls again
+        self.wait_first_row(first + round(self.screen / 10))
+        self.close()
+
+    def wait_zoomed(self, first):
+        """The zoom changes what the bar reaches, and keeps the first row."""
+        wait_for("the new range of the bar", lambda: self.bar.largest_value == self.last_screen, limit=10)
+        self.wait_first_row(first)
 
     def entry(self, words):
         """An entry of the View menu by its words; their distance is the menu's."""

@@ -72,34 +72,35 @@ public:
     }
 };
 
-/// Room for text, by what the style in force leaves of the widget.
-int textRoom(const QPushButton& button)
+/// Where text may stand, by what the style in force leaves of the widget.
+QRect textRoom(const QLabel& label)
+{
+    return label.contentsRect();
+}
+
+QRect textRoom(const QPushButton& button)
 {
     QStyleOptionButton option;
     option.initFrom(&button);
-    return button.style()->subElementRect(QStyle::SE_PushButtonContents, &option, &button).width();
+    return button.style()->subElementRect(QStyle::SE_PushButtonContents, &option, &button);
 }
 
-int textRoom(const QCheckBox& box)
+QRect textRoom(const QCheckBox& box)
 {
     QStyleOptionButton option;
     option.initFrom(&box);
-    return box.width() - box.style()->pixelMetric(QStyle::PM_IndicatorWidth, &option, &box) -
-           box.style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing, &option, &box);
+    const int mark = box.style()->pixelMetric(QStyle::PM_IndicatorWidth, &option, &box) +
+                     box.style()->pixelMetric(QStyle::PM_CheckBoxLabelSpacing, &option, &box);
+    return box.rect().adjusted(mark, 0, 0, 0);
 }
 
-QRect insideOf(const QLineEdit& box)
+QRect textRoom(const QLineEdit& box)
 {
+    constexpr int kMargin = 2; // the toolkit's own, at either end
     QStyleOptionFrame option;
     option.initFrom(&box);
     option.lineWidth = box.style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, &box);
-    return box.style()->subElementRect(QStyle::SE_LineEditContents, &option, &box);
-}
-
-int textRoom(const QLineEdit& box)
-{
-    constexpr int kMargin = 2; // the toolkit's own, at either end
-    return insideOf(box).width() - 2 * kMargin;
+    return box.style()->subElementRect(QStyle::SE_LineEditContents, &option, &box).adjusted(kMargin, 0, -kMargin, 0);
 }
 
 /// What the toolkit does before it shows a tip.
@@ -114,26 +115,43 @@ int widthOf(const QWidget& widget, const QString& text)
     return widget.fontMetrics().size(Qt::TextShowMnemonic, text).width();
 }
 
-/// "name: needed > there", for each control whose text has no room.
+/// Letters of any kind, with what hangs below the line.
+int heightOfLetters(const QWidget& widget)
+{
+    return widget.fontMetrics().ascent() + widget.fontMetrics().descent();
+}
+
+/// The boxes hold numbers only, which are lower: twice as far as a digit reaches from the middle of its centred line.
+int heightOfNumbers(const QWidget& widget)
+{
+    const QFontMetrics metrics = widget.fontMetrics();
+    const QRect digits = metrics.tightBoundingRect(QStringLiteral("-0123456789.,"));
+    const int top = metrics.ascent() + digits.top();
+    const int bottom = metrics.height() - top - digits.height();
+    return metrics.height() - 2 * std::min(top, bottom);
+}
+
+/// "name "text": needed in there", for each control whose text has no room.
 QStringList textsWithoutRoom(const LaidOutDesk& desk)
 {
     QStringList found;
-    const auto expect = [&](const QWidget& widget, const QString& text, int room) {
-        const int needed = widthOf(widget, text);
-        if (needed > room)
-            found.append(QStringLiteral("%1 \"%2\": %3 > %4").arg(widget.objectName(), text).arg(needed).arg(room));
-        if (widget.fontMetrics().ascent() > widget.height())
-            found.append(widget.objectName() + QStringLiteral(" is too low"));
+    const auto words = [](const QSize& size) { return QStringLiteral("%1 x %2").arg(size.width()).arg(size.height()); };
+    const auto expect = [&](const QWidget& widget, const QString& text, int height, const QRect& room) {
+        const QSize needed(widthOf(widget, text), height);
+        if (needed.boundedTo(room.size()) == needed) return;
+        found.append(
+            QStringLiteral("%1 \"%2\": %3 in %4").arg(widget.objectName(), text, words(needed), words(room.size())));
     };
     for (const QWidget* widget : desk.shown()) {
+        const int letters = heightOfLetters(*widget);
         if (const auto* label = qobject_cast<const QLabel*>(widget))
-            expect(*label, label->text(), label->contentsRect().width());
+            expect(*label, label->text(), letters, textRoom(*label));
         else if (const auto* button = qobject_cast<const QPushButton*>(widget))
-            expect(*button, button->text(), textRoom(*button));
+            expect(*button, button->text(), letters, textRoom(*button));
         else if (const auto* check = qobject_cast<const QCheckBox*>(widget))
-            expect(*check, check->text(), textRoom(*check));
+            expect(*check, check->text(), letters, textRoom(*check));
         else if (const auto* box = qobject_cast<const QLineEdit*>(widget))
-            expect(*box, QStringLiteral("1900.0000"), textRoom(*box));
+            expect(*box, QStringLiteral("1900.0000"), heightOfNumbers(*box), textRoom(*box));
     }
     return found;
 }
@@ -193,6 +211,22 @@ private Q_SLOTS:
         QFETCH(QSize, size);
         const LaidOutDesk desk(size);
         QCOMPARE(textsWithoutRoom(desk).join(u'\n'), QString());
+    }
+
+    void aControlTooLowOrNarrowForItsTextIsFound()
+    {
+        const LaidOutDesk desk;
+        for (const char* name : {"mainTag", "viewButton", "labelBox", "maxLabel0"}) {
+            QWidget* control = desk.find(name);
+            const QSize size = control->size();
+            for (const QSize& small : {QSize(size.width(), 9), QSize(16, size.height())}) {
+                control->resize(small);
+                const QStringList found = textsWithoutRoom(desk);
+                QCOMPARE(found.size(), 1);
+                QVERIFY2(found.front().startsWith(QLatin1String(name)), qPrintable(found.front()));
+            }
+            control->resize(size);
+        }
     }
 
     void everyControlStandsWhereItsRulePutsIt_data() { addSizes(); }
@@ -343,11 +377,12 @@ private Q_SLOTS:
         const QColor ground(PlotSurface::kBackground);
         QVERIFY(line != ground.rgb());
         const QImage main = desk.plot(0);
+        const double last = plot->height() - 0.5; // the middle of the last row, whatever the scale of the screen
         for (int x = 0; x < plot->width(); ++x) {
-            QCOMPARE(at(main, x, plot->height() - 1).rgb(), line);
-            QCOMPARE(at(main, x, plot->height() - 2), ground);
+            QCOMPARE(at(main, x, last).rgb(), line);
+            QCOMPARE(at(main, x, last - 1), ground);
         }
-        QCOMPARE(at(desk.plot(1), 9, plot->height() - 1), ground); // the companion's last row is its own
+        QCOMPARE(at(desk.plot(1), 9, last), ground); // the companion's last row is its own
     }
 
 private:

@@ -15,8 +15,8 @@ using std::chrono::milliseconds;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-/// 1000 rows in 100 units, from row 500 on: 10 rows a step, at most 899. The pointer is held at an edge; each pass plays
-/// the next of `passes`.
+/// 1000 rows in 100 units, from row 500 on: 10 rows a step, at most 899. The pointer is held at an edge; each pass
+/// plays the next of `passes`.
 struct Held : TestWindow {
     Scrolling scrolling{*this};
     std::vector<std::function<void()>> passes;
@@ -81,9 +81,9 @@ TEST(DoScroll, aPassMovesDrawsTheSelectionAlongAndDrawsBothAreasAfresh)
     window.passes = {[&] { window.view.buttonReleased = false; }};
     window.scroll(105, true);
     EXPECT_EQ(window.value(), 520);
-    EXPECT_THAT(window.calls,
-                ElementsAre("ExtendSelection 100", "redraw 0 True", "redraw 1 True", "ExtendSelection 100",
-                            "redraw 0 True", "redraw 1 True", "ExtendSelection 105", "redraw 0 False", "redraw 1 False"));
+    EXPECT_THAT(window.calls, ElementsAre("ExtendSelection 100", "redraw 0 True", "redraw 1 True",
+                                          "ExtendSelection 100", "redraw 0 True", "redraw 1 True",
+                                          "ExtendSelection 105", "redraw 0 False", "redraw 1 False"));
 }
 
 TEST(DoScroll, atTheLeftEdgeTheSelectionIsDrawnToTheEdge)
@@ -117,6 +117,17 @@ TEST(DoScroll, endsWhereThePointerComesBackTo)
     EXPECT_THAT(left.calls, ElementsAre("redraw 0 True", "redraw 1 True", "redraw 0 False", "redraw 1 False"));
 }
 
+TEST(DoScroll, theSelectionIsDrawnToWhereThePointerComesBackToFromTheLeft)
+{
+    Held window;
+    window.passes = {[&] { window.view.pointerX = -3; }, [&] { window.view.pointerX = 40; }};
+    window.scroll(-3, true);
+    EXPECT_EQ(window.value(), 480);
+    EXPECT_THAT(window.calls,
+                ElementsAre("ExtendSelection 0", "redraw 0 True", "redraw 1 True", "ExtendSelection 0", "redraw 0 True",
+                            "redraw 1 True", "ExtendSelection 40", "redraw 0 False", "redraw 1 False"));
+}
+
 TEST(DoScroll, thePointerHasToComeAWayBackFromTheEdge)
 {
     Held right;
@@ -147,17 +158,37 @@ TEST(DoScroll, endsByItselfAtTheLastScreen)
     window.scroll(105, true);
     EXPECT_EQ(window.value(), 899);
     EXPECT_EQ(window.played, 1U); // 895, then 905 would be too far
-    EXPECT_EQ(window.calls.back(), "redraw 1 True");
+    EXPECT_THAT(window.calls, ElementsAre("ExtendSelection 100", "redraw 0 True", "redraw 1 True",
+                                          "ExtendSelection 100", "redraw 0 True", "redraw 1 True"));
 }
 
 TEST(DoScroll, endsByItselfAtTheFirstRow)
 {
-    Held window(10);
+    Held window(15);
     window.passes = {[] {}, [] {}, [] {}};
     window.scroll(0, true);
     EXPECT_EQ(window.value(), 0);
-    EXPECT_EQ(window.played, 1U);
-    EXPECT_EQ(window.calls.back(), "redraw 1 True");
+    EXPECT_EQ(window.played, 1U); // 5, then -5 would be too far
+    EXPECT_THAT(window.calls, ElementsAre("ExtendSelection 0", "redraw 0 True", "redraw 1 True", "ExtendSelection 0",
+                                          "redraw 0 True", "redraw 1 True"));
+}
+
+TEST(DoScroll, aStepThatJustReachesTheEndIsNotYetTheLast)
+{
+    Held right(889);
+    right.passes = {[] {}, [] {}, [] {}};
+    right.scroll(105, true);
+    EXPECT_EQ(right.value(), 899);
+    EXPECT_EQ(right.played, 1U); // 899 is Max itself, then 909 would be too far
+    EXPECT_THAT(right.calls, ElementsAre("ExtendSelection 100", "redraw 0 True", "redraw 1 True", "ExtendSelection 100",
+                                         "redraw 0 True", "redraw 1 True"));
+    Held left(10);
+    left.passes = {[] {}, [] {}, [] {}};
+    left.scroll(0, true);
+    EXPECT_EQ(left.value(), 0);
+    EXPECT_EQ(left.played, 1U); // 0, then -10 would be too far
+    EXPECT_THAT(left.calls, ElementsAre("ExtendSelection 0", "redraw 0 True", "redraw 1 True", "ExtendSelection 0",
+                                        "redraw 0 True", "redraw 1 True"));
 }
 
 TEST(DoScroll, aStepOfNoRowsCountsAsOne)
