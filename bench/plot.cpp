@@ -19,6 +19,7 @@
 
 #include <QApplication>
 #include <QElapsedTimer>
+#include <QMouseEvent>
 #include <QScrollBar>
 
 #include <algorithm>
@@ -190,6 +191,42 @@ public:
         bar.setSliderPosition((bar.sliderPosition() + kRowsOn) % bar.maximum());
         untilPainted();
     }
+    /// Three points, one at each end of the record and one in the middle of it and of the view.
+    void placePoints()
+    {
+        m_window.command([this] {
+            View& view = core().view;
+            const std::int32_t lines = core().record.lines;
+            view.Turbo = true;
+            view.lineMode = view.Sloppy = false;
+            core().sensors.assign({view.curCol()}, lines);
+            core().lists.varList_Change(0);
+            m_point = lines / 2;
+            for (const std::int32_t row : {0, m_point, lines - 1}) core().setPoint(row, -1, false);
+            core().setScrollValue(m_point - kPlot.width() / 2);
+        });
+        QCoreApplication::processEvents();
+    }
+    /// Takes the point in the middle by the pointer, drags it a little and drops it; returns once that is painted.
+    void dropPoint()
+    {
+        const int from = m_point - core().view.HScroll1.Value;
+        const int to = from + (m_dropsLeft ? -4 : 4);
+        m_dropsLeft = !m_dropsLeft;
+        pointer(QEvent::MouseButtonPress, from, Qt::LeftButton, Qt::LeftButton);
+        pointer(QEvent::MouseMove, to, Qt::NoButton, Qt::LeftButton);
+        m_paints = {};
+        pointer(QEvent::MouseButtonRelease, to, Qt::LeftButton, Qt::NoButton);
+        untilPainted();
+        m_point += to - from;
+    }
+    /// The point stands where it was dropped last, and both segments beside it are drawn from there.
+    [[nodiscard]] bool holdsThePoint()
+    {
+        return core().sensors.isPoint(0, m_point) &&
+               core().record.values(kBaseline, core().view.curCol(), m_point) ==
+                   core().record.values(kUnconverted, core().view.curCol(), m_point);
+    }
     /// The record lies in a window of that size, which is too narrow for it, from the row on where the thumb stands.
     [[nodiscard]] bool followsTheThumb()
     {
@@ -205,6 +242,12 @@ protected:
     }
 
 private:
+    void pointer(QEvent::Type type, int x, Qt::MouseButton button, Qt::MouseButtons buttons)
+    {
+        const QPointF at(x, kPlot.height() / 2.0);
+        QMouseEvent event(type, at, form().plot(0).mapToGlobal(at), button, buttons, Qt::NoModifier);
+        QCoreApplication::sendEvent(&form().plot(0), &event);
+    }
     void untilPainted() const
     {
         while (m_paints[0] == 0 || m_paints[1] == 0) QCoreApplication::processEvents();
@@ -216,6 +259,8 @@ private:
     WindowList m_windows{Environment{settings, style, files, clock}, m_table};
     FrmMain& m_window = m_windows.create();
     std::array<int, 2> m_paints{};
+    std::int32_t m_point = 0;
+    bool m_dropsLeft = false;
 };
 
 void eraseBoth(benchmark::State& state)
@@ -310,6 +355,24 @@ BENCHMARK(thumbStepToThePaintedWindow)
     ->Range(1, 8)
     ->Iterations(1000)
     ->Unit(benchmark::kMillisecond);
+
+/// From the release of a dragged point between two segments of half a year each until both plots are painted.
+void dropAPointToThePaintedWindow(benchmark::State& state)
+{
+    YearWindow window;
+    window.placePoints();
+    std::vector<double> milliseconds;
+    for (auto _ : state) {
+        QElapsedTimer watch;
+        watch.start();
+        window.dropPoint();
+        milliseconds.push_back(static_cast<double>(watch.nsecsElapsed()) / 1e6);
+    }
+    if (!window.holdsThePoint()) state.SkipWithError("the point does not stand where it was dropped");
+    state.counters["median_ms"] = quantile(milliseconds, 0.5);
+    state.counters["p95_ms"] = quantile(milliseconds, 0.95);
+}
+BENCHMARK(dropAPointToThePaintedWindow)->Iterations(300)->Unit(benchmark::kMillisecond);
 
 } // namespace
 } // namespace tarvelint::test
