@@ -128,6 +128,9 @@ struct DrawnYear : FakeUi, Around, Window {
     void redraw(int index, bool clear) override { rendering.redraw(index, clear); }
     void updateCues() override {}
     void undoSave(std::int32_t) override {}
+    void setPoint(std::int32_t, std::int32_t, bool) override {}
+    void convertSelection(bool) override {}
+    void doScroll(float, bool) override {}
     void ExtendSelection(float) override {}
     bool skip(bool) override { return false; }
 

@@ -5,7 +5,6 @@
 #include "desk.h"
 #include "view/window_layout.h"
 
-#include <QHelpEvent>
 #include <QRegularExpression>
 #include <QScreen>
 #include <QScrollBar>
@@ -101,13 +100,6 @@ QRect textRoom(const QLineEdit& box)
     option.initFrom(&box);
     option.lineWidth = box.style()->pixelMetric(QStyle::PM_DefaultFrameWidth, &option, &box);
     return box.style()->subElementRect(QStyle::SE_LineEditContents, &option, &box).adjusted(kMargin, 0, -kMargin, 0);
-}
-
-/// What the toolkit does before it shows a tip.
-void askForTip(QWidget& widget)
-{
-    QHelpEvent help(QEvent::ToolTip, {}, {});
-    QApplication::sendEvent(&widget, &help);
 }
 
 int widthOf(const QWidget& widget, const QString& text)

@@ -1,72 +1,10 @@
 // SPDX-License-Identifier: MIT
-#include "desk.h"
-
-#include "dialogs/change_form.h"
+#include "plot_desk.h"
 
 #include <QCursor>
 #include <QLineEdit>
 
 namespace tarvelint::test {
-
-namespace {
-
-constexpr std::int32_t kS1 = 5; // 0-based column of the first sensor
-
-/// The sample at zoom 1 from row 0 on, its first sensor in the main plot: row r lies at x = r.
-class PlotDesk : public Desk {
-public:
-    explicit PlotDesk(bool preProcessed = false)
-    {
-        if (preProcessed) {
-            openSample();
-        } else {
-            open(TARVELINT_SAMPLE);
-            click("OKButton");
-        }
-        chooseFirstSensor();
-        plot = find("Picture1_0");
-    }
-    void traditional() const
-    {
-        command([this] { core().pointing.mnuToolsMode_Click(); }); // from sloppy
-    }
-    [[nodiscard]] QPoint at(int row) const { return {row, plot->height() / 2}; }
-    void press(int row, Qt::KeyboardModifiers modifiers = {}) const
-    {
-        QTest::mousePress(plot, Qt::LeftButton, modifiers, at(row));
-    }
-    void move(int row) const { QTest::mouseMove(plot, at(row)); }
-    void release(int row) const { QTest::mouseRelease(plot, Qt::LeftButton, {}, at(row)); }
-    [[nodiscard]] std::pair<int, int> selected() const { return {core().view.selStart, core().view.selEnd}; }
-    [[nodiscard]] double reading(int row) const { return core().record.values(kUnconverted, kS1, row); }
-    /// The first point at or after a row of the first sensor.
-    [[nodiscard]] int pointFrom(int row) const { return core().sensors.pointFrom(0, row).value(); }
-
-    QWidget* plot = nullptr;
-};
-
-ChangeForm* valueDialog()
-{
-    const auto widgets = QApplication::topLevelWidgets();
-    for (QWidget* widget : widgets)
-        if (auto* dialog = qobject_cast<ChangeForm*>(widget); dialog != nullptr && dialog->isVisible()) return dialog;
-    return nullptr;
-}
-
-/// Plays the user in the value dialog once it is there; `play` runs while the window waits.
-void inValueDialog(QObject& context, const std::function<void(ChangeForm&)>& play)
-{
-    auto* timer = new QTimer(&context);
-    QObject::connect(timer, &QTimer::timeout, timer, [timer, play] {
-        ChangeForm* dialog = valueDialog();
-        if (dialog == nullptr) return;
-        timer->stop();
-        play(*dialog);
-    });
-    timer->start(5);
-}
-
-} // namespace
 
 class PointerTest : public QObject {
     Q_OBJECT
@@ -77,15 +15,14 @@ private Q_SLOTS:
     void cuesFollowThePointer();
     void aReleaseOutsideEndsTheDrag();
     void aPointIsPickedMovedAndDropped();
-    void aWindowThatLosesTheFocusPutsThePointBack();
-    void escapeWhileHeldPutsThePointBack();
     void aDoubleClickAddsAPoint();
     void aMissingReadingUnderADropBeepsAndKeepsThePoint();
     void commandsAreDroppedWhileTheButtonIsHeld();
     void oneClickAfterAnotherLaysABaseline();
     void aRightPressEditsTheValue();
-    void aSecondRightPressRaisesTheDialogThatWaits();
-    void closingTheWindowWhileTheDialogWaitsIsSafe();
+    void theMiddleButtonSelectsAndIsLetGo();
+    void aMouseClickOnAButtonLeavesTheFocusOnThePlot();
+    void arrowsOnAFocusedCheckBoxBelongToTheSelection();
     void theCompanionTakesNoPresses();
     void keysReachThePlotAndTextBoxesKeepTheirs();
     void theRowCursorIsShownOverThePlot();
@@ -145,32 +82,6 @@ void PointerTest::aPointIsPickedMovedAndDropped()
     QVERIFY(desk.core().sensors.isPoint(0, target));
     QVERIFY(!desk.core().sensors.isPoint(0, point));
     QCOMPARE(desk.core().record.values(kBaseline, kS1, target), desk.reading(target));
-}
-
-void PointerTest::aWindowThatLosesTheFocusPutsThePointBack()
-{
-    const PlotDesk desk(true);
-    const int point = desk.pointFrom(20);
-    desk.press(point);
-    desk.move(point + 10);
-    QEvent deactivated(QEvent::WindowDeactivate);
-    QApplication::sendEvent(desk.form, &deactivated);
-    QVERIFY(!desk.core().view.isHeld);
-    QCOMPARE(desk.core().view.grabbedPoint, -1);
-    desk.release(point + 10);
-    QVERIFY(desk.core().sensors.isPoint(0, point));
-}
-
-void PointerTest::escapeWhileHeldPutsThePointBack()
-{
-    const PlotDesk desk(true);
-    const int point = desk.pointFrom(20);
-    desk.press(point);
-    desk.move(point + 10);
-    QTest::keyClick(desk.plot, Qt::Key_Escape);
-    desk.release(point + 10);
-    QVERIFY(desk.core().sensors.isPoint(0, point));
-    QVERIFY(!desk.core().sensors.isPoint(0, point + 10));
 }
 
 void PointerTest::aDoubleClickAddsAPoint()
@@ -244,29 +155,36 @@ void PointerTest::aRightPressEditsTheValue()
     QCOMPARE(desk.reading(60), 12.0);
 }
 
-void PointerTest::aSecondRightPressRaisesTheDialogThatWaits()
+void PointerTest::theMiddleButtonSelectsAndIsLetGo()
 {
-    PlotDesk desk;
-    int commands = 0;
-    inValueDialog(desk, [&](ChangeForm& dialog) {
-        QTest::mousePress(desk.plot, Qt::RightButton, {}, desk.at(90));
-        desk.command([&] { ++commands; });
-        dialog.reject();
-    });
-    QTest::mousePress(desk.plot, Qt::RightButton, {}, desk.at(60));
-    QCOMPARE(commands, 0);
-    QCOMPARE(desk.selected(), std::pair(60, 60));
+    const PlotDesk desk(true);
+    const int point = desk.pointFrom(20);
+    QTest::mouseClick(desk.plot, Qt::MiddleButton, {}, desk.at(point));
+    QVERIFY(!desk.core().view.isHeld);
+    QCOMPARE(desk.core().view.grabbedPoint, -1);
+    desk.move(point + 20);
+    QCOMPARE(desk.core().view.dragRow, -1);
+    QVERIFY(desk.core().sensors.isPoint(0, point));
 }
 
-void PointerTest::closingTheWindowWhileTheDialogWaitsIsSafe()
+void PointerTest::aMouseClickOnAButtonLeavesTheFocusOnThePlot()
 {
-    PlotDesk desk;
-    desk.core().record.saveCheck = true;
-    const QPointer<FrmMain> window = desk.window;
-    inValueDialog(desk, [&](ChangeForm&) { desk.form->close(); });
-    QTest::mousePress(desk.plot, Qt::RightButton, {}, desk.at(60));
-    QTRY_VERIFY(!window);
-    QVERIFY(valueDialog() == nullptr);
+    const PlotDesk desk;
+    desk.plot->setFocus();
+    desk.tick("scaleBox0");
+    desk.click("viewButton");
+    QCOMPARE(desk.form->focusWidget(), desk.plot);
+}
+
+void PointerTest::arrowsOnAFocusedCheckBoxBelongToTheSelection()
+{
+    const PlotDesk desk;
+    desk.command([&] { desk.core().selection.mnuEditSelectAll_Click(); });
+    auto* box = desk.find("labelBox");
+    box->setFocus(Qt::TabFocusReason);
+    QTest::keyClick(box, Qt::Key_Left);
+    QCOMPARE(desk.core().view.selEnd, desk.core().record.lines - 2);
+    QCOMPARE(desk.form->focusWidget(), box);
 }
 
 void PointerTest::theCompanionTakesNoPresses()

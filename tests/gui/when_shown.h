@@ -1,7 +1,9 @@
 // SPDX-License-Identifier: MIT
 #pragma once
 
+#include <QApplication>
 #include <QFileDialog>
+#include <QHelpEvent>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -25,6 +27,13 @@ void whenShown(QWidget& parent, const char* name, std::function<void(Widget&)> p
         play(*widget);
     });
     timer->start();
+}
+
+/// What the toolkit does before it shows a tip.
+inline void askForTip(QWidget& widget)
+{
+    QHelpEvent help(QEvent::ToolTip, {}, {});
+    QApplication::sendEvent(&widget, &help);
 }
 
 inline void click(QWidget& dialog, const char* button)

@@ -2,10 +2,8 @@
 #include "app/qt/frm_main.h"
 
 #include "app/qt/plot_area.h"
-#include "app/qt/plot_key_events.h"
 #include "app/qt/window_list.h"
 
-#include <QAbstractButton>
 #include <QCheckBox>
 #include <QCloseEvent>
 #include <QComboBox>
@@ -53,7 +51,7 @@ void FrmMain::wireCommands()
     using enum Control;
     const auto on = [this](Control control, const std::function<void()>& handler) {
         m_form.controls().onTriggered(control, this, [this, control, handler] {
-            if (m_core.isEnabled(control) && !endsScrolling(handler)) command(handler);
+            if (m_core.isEnabled(control) && !m_plotInput.endsScrolling(handler)) command(handler);
         });
     };
     Engine& core = m_core;
@@ -168,55 +166,6 @@ void FrmMain::wirePlots()
             [this](int angle, bool zooms) { command([&] { m_core.scrolling.turnWheel(angle, zooms); }); });
     for (int index = 0; index < 2; ++index)
         connect(&m_form.plot(index), &PlotArea::scaleChanged, this, &FrmMain::redrawBoth);
-    wirePointer();
-    const auto buttons = m_form.findChildren<QAbstractButton*>();
-    for (QAbstractButton* button : buttons) button->installEventFilter(this);
-}
-
-void FrmMain::wirePointer()
-{
-    const PlotArea& plot = m_form.plot(0);
-    connect(&plot, &PlotArea::pressed, this, &FrmMain::takePress);
-    connect(&plot, &PlotArea::doubleClicked, this, [this](const PointerPress& press) {
-        if (press.button != PointerButton::left) return takePress(press);
-        if (endsScrolling([this] { m_core.pointing.Picture1_DblClick(); })) return;
-        gesture([&] { m_core.pointing.Picture1_DblClick(); });
-    });
-    connect(&plot, &PlotArea::moved, this, &FrmMain::takeMove);
-    connect(&plot, &PlotArea::released, this, &FrmMain::takeRelease);
-    connect(&plot, &PlotArea::left, this, [this] { record([&] { m_core.pointing.endHoverScrolling(); }); });
-}
-
-void FrmMain::takePress(const PointerPress& press)
-{
-    if (endsScrolling([this, press] { m_core.pointing.Picture1_MouseDown(press); })) return;
-    gesture([&] { m_core.pointing.Picture1_MouseDown(press); });
-}
-
-void FrmMain::takeMove(float x, bool isButtonDown)
-{
-    if (isBusy()) return record([&] { m_core.pointing.moveWhileBusy(x); });
-    // A release while a message stood in the way went nowhere.
-    if (m_core.view.isHeld && !isButtonDown) gesture([&] { m_core.pointing.Picture1_MouseUp(x); });
-    gesture([&] { m_core.pointing.Picture1_MouseMove(x); });
-}
-
-void FrmMain::takeRelease(PointerButton button, float x)
-{
-    if (m_core.boundary.isWaitingAfterwards()) // its press is: both are carried out once scrolling has ended
-        return m_core.boundary.afterwards([this, x] { m_core.pointing.Picture1_MouseUp(x); });
-    if (button != m_core.view.heldButton) return;
-    if (isBusy()) return record([&] { m_core.pointing.releaseWhileBusy(); });
-    gesture([&] { m_core.pointing.Picture1_MouseUp(x); });
-}
-
-/// While the plot scrolls by itself, without a button, a key or press ends that and is carried out afterwards.
-bool FrmMain::endsScrolling(const std::function<void()>& body)
-{
-    if (!m_core.scrolling.isAtEdge() || m_core.view.isHeld) return false;
-    record([&] { m_core.pointing.endHoverScrolling(); });
-    m_core.boundary.afterwards(body);
-    return true;
 }
 
 void FrmMain::redrawBoth()
@@ -227,7 +176,7 @@ void FrmMain::redrawBoth()
 void FrmMain::record(const std::function<void()>& body)
 {
     m_core.boundary.record(body);
-    showRowCursor();
+    m_plotInput.showRowCursor();
     closeWhenUnwound();
 }
 
@@ -248,13 +197,7 @@ void FrmMain::showAll()
 {
     m_core.keys.tellRow();
     m_toolkit.showAll();
-    showRowCursor();
-}
-
-void FrmMain::showRowCursor()
-{
-    const bool hasCursor = m_core.view.rowCursor >= 0;
-    m_form.plot(0).showRowCursor(hasCursor ? std::optional(static_cast<int>(m_core.keys.cursorX())) : std::nullopt);
+    m_plotInput.showRowCursor();
 }
 
 void FrmMain::gesture(const std::function<void()>& body)
@@ -331,46 +274,16 @@ bool FrmMain::eventFilter(QObject* watched, QEvent* event)
         if (watched == &m_form && wasMinimised && !m_form.isMinimized()) redrawBoth();
         break;
     }
-    case QEvent::WindowDeactivate:
-        if (watched == &m_form && (m_core.view.isHeld || m_core.view.grabbedPoint >= 0))
-            record([&] { m_core.pointing.endGesture(); });
-        if (watched == &m_form) record([&] { m_core.pointing.endHoverScrolling(); });
-        break;
     case QEvent::FocusIn:
     case QEvent::MouseButtonRelease: // it never keeps the focus, also where a click moves nothing
         if (watched == &m_form.scrollBar()) record([&] { m_core.scrolling.HScroll1_GotFocus(); });
         break;
     case QEvent::KeyPress:
-        if (watched == &m_form) return takePlotKey(*static_cast<QKeyEvent*>(event));
-        if (qobject_cast<QAbstractButton*>(watched) != nullptr) return takeArrow(*static_cast<QKeyEvent*>(event));
         if (const auto* box = qobject_cast<QLineEdit*>(watched)) return takeKey(*box, *static_cast<QKeyEvent*>(event));
         break;
     default: break;
     }
     return false;
-}
-
-/// A button in focus would move the focus; arrows belong to the selection.
-bool FrmMain::takeArrow(const QKeyEvent& key)
-{
-    const bool isArrow = key.key() >= Qt::Key_Left && key.key() <= Qt::Key_Down;
-    return isArrow && takePlotKey(key);
-}
-
-/// A key that no control in focus has taken.
-bool FrmMain::takePlotKey(const QKeyEvent& key)
-{
-    const QWidget* focused = m_form.focusWidget();
-    if (qobject_cast<const QLineEdit*>(focused) != nullptr || qobject_cast<const QComboBox*>(focused) != nullptr)
-        return false;
-    if (key.key() == Qt::Key_Escape && m_core.view.isHeld) {
-        record([&] { m_core.pointing.endGesture(); });
-        return true;
-    }
-    const std::function<void()> body = plotKeyHandler(m_core, key, focused == &m_form.plot(0));
-    if (!body) return false;
-    if (!endsScrolling(body)) command(body);
-    return true;
 }
 
 bool FrmMain::takeKey(const QLineEdit& box, const QKeyEvent& key)

@@ -3,6 +3,7 @@
 
 #include "app/engine.h"
 #include "app/qt/main_form.h"
+#include "app/qt/plot_input.h"
 #include "app/qt/toolkit.h"
 
 #include <QObject>
@@ -32,6 +33,11 @@ public:
     void command(const std::function<void()>& body);
     /// Runs what a dialog's answer does in the core, also in the middle of a command.
     void answer(const std::function<void()>& body);
+    /// The same for what the pointer does on the plot, and for what must not get lost (sizes, repaints).
+    void gesture(const std::function<void()>& body);
+    void record(const std::function<void()>& body);
+    /// A command runs, or a message waits for its answer.
+    [[nodiscard]] bool isBusy() const { return m_core.boundary.isBusy() || m_toolkit.isAsking(); }
     /// Closes the window; its close handling still runs. A busy one cancels what it asks and closes when it is done.
     void unload();
     /// The busy window was asked to close: what runs long may give up.
@@ -51,21 +57,10 @@ private:
     void wireReferenceBox();
     void wireScrollBar();
     void wirePlots();
-    void wirePointer();
-    void takePress(const PointerPress& press);
-    void takeMove(float x, bool isButtonDown);
-    void takeRelease(PointerButton button, float x);
-    void gesture(const std::function<void()>& body);
-    [[nodiscard]] bool endsScrolling(const std::function<void()>& body);
-    [[nodiscard]] bool takeArrow(const QKeyEvent& key);
-    [[nodiscard]] bool takePlotKey(const QKeyEvent& key);
     void showAll();
-    void showRowCursor();
     [[nodiscard]] bool takeKey(const QLineEdit& box, const QKeyEvent& key);
     void keyInBox(const QLineEdit& box);
-    void record(const std::function<void()>& body);
     void redrawBoth();
-    [[nodiscard]] bool isBusy() const { return m_core.boundary.isBusy() || m_toolkit.isAsking(); }
     void firstPaint();
     void closeEvent(QCloseEvent& event);
     void closeLater();
@@ -75,6 +70,7 @@ private:
     QtToolkit m_toolkit;
     Engine m_core;
     MainForm m_form;
+    PlotInput m_plotInput{*this};
     WindowList& m_windows;
     bool m_painted = false;
     bool m_closeAsked = false;
