@@ -49,6 +49,11 @@ TEST(WindowLayout, aPlotTakesTheWidthLess1000TwipsAndHalfOfTheHeightLess3940)
     EXPECT_EQ(kUsual.at("Picture1_0").height, 208); // (10215 - 3940) / 2 - 10 = 3127.5 twips, 208.5 pixels, to even
 }
 
+TEST(WindowLayout, aPlotReachesTheFramesRightEdge)
+{
+    EXPECT_EQ(kUsual.at("Picture1_0").left + kUsual.at("Picture1_0").width, kUsual.at("Frame1").width);
+}
+
 TEST(WindowLayout, bothPlotsAreAlikeAndTouchAndTheBarFollows)
 {
     for (int height = 425; height < 460; ++height) {
