@@ -118,6 +118,7 @@ void PlotKeys::doubleClickHere()
 void PlotKeys::editValueHere()
 {
     if (!hasRecord() || m_engine.view.rowCursor < 0) return;
+    if (!m_engine.dialogs.isValueDialogOpen()) bringIntoView(m_engine.view.rowCursor);
     m_engine.pointing.editValueAt(cursorX());
 }
 

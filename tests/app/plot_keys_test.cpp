@@ -227,6 +227,22 @@ TEST(RowCursor, enterPressesThere)
     EXPECT_EQ(keyed.selected(), Rows(60, 67));
 }
 
+TEST(RowCursor, whatItDoesBringsItsRowBackIntoView)
+{
+    const auto scrolledAway = [](const auto& act) {
+        Keyed keyed;
+        keyed.command([&] { keyed.window.keys.moveRowCursor(1); });
+        keyed.window.setScrollValue(140);
+        keyed.fakeUi.typedValues.emplace_back(std::nullopt);
+        keyed.command([&] { act(keyed.window.keys); });
+        return std::pair(keyed.window.view.HScroll1.Value, keyed.window.view.pointerX);
+    };
+    const std::pair atRow60(60, 0.0F); // the first row shown
+    EXPECT_EQ(scrolledAway([](PlotKeys& keys) { keys.pressEnter(false); }), atRow60);
+    EXPECT_EQ(scrolledAway([](PlotKeys& keys) { keys.doubleClickHere(); }), atRow60);
+    EXPECT_EQ(scrolledAway([](PlotKeys& keys) { keys.editValueHere(); }), atRow60);
+}
+
 TEST(RowCursor, laysABaselineClickByClick)
 {
     Keyed keyed;
