@@ -145,6 +145,7 @@ void BatchRun::convert()
     Equation equation(m_options.equation->text());
     std::vector<FaultCount> faults(static_cast<std::size_t>(m_sensors.count()));
     std::vector<RowSpan> laid;
+    laid.reserve(faults.size());
     for (std::int32_t sensor = 0; sensor < m_sensors.count(); ++sensor) laid.push_back(laidRows(m_sensors, sensor));
     // The sensors of a row are neighbours in memory: taken row by row, a record larger than the cache is fetched once.
     for (std::int32_t row = 0; row < m_record.lines; ++row) {

@@ -43,6 +43,8 @@ ChangeForm::ChangeForm()
     buttons->addWidget(cancel);
     buttons->addWidget(ok);
     setParts(contents, buttons);
+    constexpr int kFrameButtons = 160; // and icon; a caption cut short says nothing
+    setMinimumWidth(fontMetrics().horizontalAdvance(windowTitle()) + kFrameButtons);
 }
 
 std::optional<std::string> ChangeForm::ask(QWidget& over, const std::string& old)

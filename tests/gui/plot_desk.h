@@ -31,18 +31,30 @@ public:
         command([this] { core().pointing.mnuToolsMode_Click(); }); // from sloppy
     }
     [[nodiscard]] QPoint at(int row) const { return {row, plot->height() / 2}; }
-    void press(int row, Qt::KeyboardModifiers modifiers = {}) const
+    void press(int row, Qt::KeyboardModifiers modifiers = {})
     {
+        isDown = true;
         QTest::mousePress(plot, Qt::LeftButton, modifiers, at(row));
     }
-    void move(int row) const { QTest::mouseMove(plot, at(row)); }
-    void release(int row) const { QTest::mouseRelease(plot, Qt::LeftButton, {}, at(row)); }
+    /// Handed over directly: a pointer of the screen's that lies there already would not move.
+    void move(int row) const { moveTo(at(row), isDown ? Qt::LeftButton : Qt::NoButton); }
+    void moveTo(QPointF place, Qt::MouseButtons buttons) const
+    {
+        QMouseEvent event(QEvent::MouseMove, place, plot->mapToGlobal(place), Qt::NoButton, buttons, Qt::NoModifier);
+        QCoreApplication::sendEvent(plot, &event);
+    }
+    void release(int row)
+    {
+        isDown = false;
+        QTest::mouseRelease(plot, Qt::LeftButton, {}, at(row));
+    }
     [[nodiscard]] std::pair<int, int> selected() const { return {core().view.selStart, core().view.selEnd}; }
     [[nodiscard]] double reading(int row) const { return core().record.values(kUnconverted, kS1, row); }
     /// The first point at or after a row of the first sensor.
     [[nodiscard]] int pointFrom(int row) const { return core().sensors.pointFrom(0, row).value(); }
 
     QWidget* plot = nullptr;
+    bool isDown = false;
 };
 
 inline ChangeForm* valueDialog()

@@ -30,7 +30,7 @@ private Q_SLOTS:
 
 void PointerTest::aDragSelectsFromItsPressToItsRelease()
 {
-    const PlotDesk desk;
+    PlotDesk desk;
     desk.traditional();
     desk.press(60);
     desk.move(90);
@@ -43,7 +43,7 @@ void PointerTest::aDragSelectsFromItsPressToItsRelease()
 
 void PointerTest::aClickWithShiftExtendsTheSelection()
 {
-    const PlotDesk desk;
+    PlotDesk desk;
     desk.traditional();
     QTest::mouseClick(desk.plot, Qt::LeftButton, {}, desk.at(60));
     QTest::mouseClick(desk.plot, Qt::LeftButton, Qt::ShiftModifier, desk.at(100));
@@ -54,7 +54,7 @@ void PointerTest::aClickWithShiftExtendsTheSelection()
 
 void PointerTest::cuesFollowThePointer()
 {
-    const PlotDesk desk;
+    PlotDesk desk;
     desk.move(60);
     const QString expected = QString::number(desk.reading(60), 'f', 4);
     QTRY_COMPARE(desk.text("inLabel"), expected);
@@ -62,7 +62,7 @@ void PointerTest::cuesFollowThePointer()
 
 void PointerTest::aReleaseOutsideEndsTheDrag()
 {
-    const PlotDesk desk;
+    PlotDesk desk;
     desk.traditional();
     desk.press(60);
     QTest::mouseRelease(desk.plot, Qt::LeftButton, {}, QPoint(90, -200));
@@ -71,7 +71,7 @@ void PointerTest::aReleaseOutsideEndsTheDrag()
 
 void PointerTest::aPointIsPickedMovedAndDropped()
 {
-    const PlotDesk desk(true);
+    PlotDesk desk(true);
     const int point = desk.pointFrom(20);
     int target = point + 10;
     while (desk.core().record.isBlank(desk.reading(target))) ++target;
@@ -86,7 +86,7 @@ void PointerTest::aPointIsPickedMovedAndDropped()
 
 void PointerTest::aDoubleClickAddsAPoint()
 {
-    const PlotDesk desk(true);
+    PlotDesk desk(true);
     const int before = desk.pointFrom(20);
     int row = before + 12;
     while (desk.core().record.isBlank(desk.reading(row))) ++row;
@@ -99,7 +99,7 @@ void PointerTest::aDoubleClickAddsAPoint()
 
 void PointerTest::aMissingReadingUnderADropBeepsAndKeepsThePoint()
 {
-    const PlotDesk desk(true);
+    PlotDesk desk(true);
     const int point = desk.pointFrom(20);
     desk.core().record.values(kUnconverted, kS1, point + 10) = 99999;
     desk.press(point);
@@ -110,7 +110,7 @@ void PointerTest::aMissingReadingUnderADropBeepsAndKeepsThePoint()
 
 void PointerTest::commandsAreDroppedWhileTheButtonIsHeld()
 {
-    const PlotDesk desk;
+    PlotDesk desk;
     desk.traditional();
     desk.press(60);
     desk.entry("mnuViewZoomIn")->trigger();
@@ -124,7 +124,7 @@ void PointerTest::commandsAreDroppedWhileTheButtonIsHeld()
 
 void PointerTest::oneClickAfterAnotherLaysABaseline()
 {
-    const PlotDesk desk;
+    PlotDesk desk;
     desk.traditional();
     desk.command([&] { desk.core().pointing.mnuToolsMode_Click(); });
     QTest::mouseClick(desk.plot, Qt::LeftButton, {}, desk.at(60));
@@ -157,7 +157,7 @@ void PointerTest::aRightPressEditsTheValue()
 
 void PointerTest::theMiddleButtonSelectsAndIsLetGo()
 {
-    const PlotDesk desk(true);
+    PlotDesk desk(true);
     const int point = desk.pointFrom(20);
     QTest::mouseClick(desk.plot, Qt::MiddleButton, {}, desk.at(point));
     QVERIFY(!desk.core().view.isHeld);
@@ -169,7 +169,7 @@ void PointerTest::theMiddleButtonSelectsAndIsLetGo()
 
 void PointerTest::aMouseClickOnAButtonLeavesTheFocusOnThePlot()
 {
-    const PlotDesk desk;
+    PlotDesk desk;
     desk.plot->setFocus();
     desk.tick("scaleBox0");
     desk.click("viewButton");
@@ -178,7 +178,7 @@ void PointerTest::aMouseClickOnAButtonLeavesTheFocusOnThePlot()
 
 void PointerTest::arrowsOnAFocusedCheckBoxBelongToTheSelection()
 {
-    const PlotDesk desk;
+    PlotDesk desk;
     desk.command([&] { desk.core().selection.mnuEditSelectAll_Click(); });
     auto* box = desk.find("labelBox");
     box->setFocus(Qt::TabFocusReason);
@@ -198,7 +198,7 @@ void PointerTest::theCompanionTakesNoPresses()
 
 void PointerTest::keysReachThePlotAndTextBoxesKeepTheirs()
 {
-    const PlotDesk desk;
+    PlotDesk desk;
     const int before = desk.core().view.zoomFactor;
     desk.type("maxLabel0", "5+");
     QCOMPARE(int(desk.core().view.zoomFactor), before);
@@ -213,7 +213,7 @@ void PointerTest::keysReachThePlotAndTextBoxesKeepTheirs()
 
 void PointerTest::theRowCursorIsShownOverThePlot()
 {
-    const PlotDesk desk;
+    PlotDesk desk;
     desk.plot->setFocus();
     const QColor mark = desk.plot->palette().color(QPalette::Highlight);
     const auto isMarked = [&](int x) {
