@@ -82,9 +82,10 @@ void ColumnSetup::OKButton_Click()
 bool ColumnSetup::mayReplacePoints() const
 {
     if (!m_parentForm.sensors.areEdited()) return true;
-    return m_parentForm.ui.messageBox({"Baseline points were changed by hand since the last pre-process. Running it again "
-                                       "replaces all of them.",
-                                       "VPD pre-process", Buttons::okCancel, Icon::warning}) == Answer::ok;
+    return m_parentForm.ui.messageBox(
+               {"Baseline points were changed by hand since the last pre-process. Running it again "
+                "replaces all of them.",
+                "VPD pre-process", Buttons::okCancel, Icon::warning}) == Answer::ok;
 }
 
 void ColumnSetup::CancelButton_Click()
