@@ -3,6 +3,7 @@
 
 #include "dialogs/named.h"
 
+#include <QApplication>
 #include <QEventLoop>
 #include <QGridLayout>
 #include <QHBoxLayout>
@@ -76,8 +77,11 @@ std::optional<std::string> ChangeForm::ask(QWidget& over, const std::string& old
 
 void ChangeForm::comeForward()
 {
-    raise();
-    activateWindow();
+    // Answered already, it may have to wait for what another window asks.
+    QWidget* inFront = isVisible() ? this : QApplication::activeModalWidget();
+    if (inFront == nullptr) return;
+    inFront->raise();
+    inFront->activateWindow();
 }
 
 } // namespace tarvelint

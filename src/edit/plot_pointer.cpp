@@ -189,10 +189,15 @@ void PlotPointer::dropAt(std::int32_t row)
 
 void PlotPointer::Picture1_DblClick()
 {
-    if (!canWork()) return;
+    if (!canWork() || m_view.isHeld) return; // another button's
     m_view.heldButton = PointerButton::left;
     m_view.isHeld = true;
     m_view.buttonReleased = false;
+    doubleClick();
+}
+
+void PlotPointer::doubleClick()
+{
     m_view.grabbedPoint = m_view.dragRow = -1;
     if (!m_view.Turbo || m_view.curSensor < 0) return mnuToolsBreak_Click();
     const std::int32_t row = rowUnder(m_view.pointerX);
@@ -253,8 +258,8 @@ void PlotPointer::doubleClickAt(float x)
 {
     if (!canWork()) return;
     noteMovement(x);
-    Picture1_DblClick();
-    releaseWhileBusy();
+    const Raised held(m_view.isHeld);
+    doubleClick();
 }
 
 void PlotPointer::editValueAt(float x)

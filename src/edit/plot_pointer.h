@@ -68,6 +68,7 @@ private:
     void oneClickPress(std::int32_t row);
     void traditionalPress(std::int32_t row, bool withShift);
     void pressOn(std::int32_t row, bool withShift);
+    void doubleClick();
     void pickPoint(std::int32_t row);
     void editValue(float x);
     [[nodiscard]] bool isDragging() const { return m_view.isHeld && m_view.heldButton == PointerButton::left; }

@@ -378,6 +378,17 @@ TEST(DoubleClick, onAParameterColumnUnderTurboIsABreakThatDoesNothing)
     EXPECT_THAT(window.calls, IsEmpty());
 }
 
+TEST(DoubleClick, whileAnotherButtonIsHeldIsIgnored)
+{
+    Pointed window;
+    window.turbo({});
+    window.pointing.Picture1_MouseDown({PointerButton::other, false, 13});
+    window.calls.clear();
+    window.pointing.Picture1_DblClick();
+    EXPECT_THAT(window.calls, IsEmpty());
+    EXPECT_EQ(window.view.heldButton, PointerButton::other);
+}
+
 TEST(DoubleClick, aDragAfterItGoesOnFromTheAnchorWithNoPointInHand)
 {
     Pointed window;

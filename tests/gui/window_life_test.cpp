@@ -100,6 +100,17 @@ private Q_SLOTS:
         QTRY_VERIFY(!desk.form);
     }
 
+    void aWindowBlockedByItsColumnSetupClosesWhenItIsAskedToWhileThatSaysWhatIsWrong()
+    {
+        Desk desk;
+        desk.open(TARVELINT_SAMPLE);
+        desk.tick("turboCheck");
+        desk.type("vpdBox", "99"); // the sample has 13 columns
+        whenShown<QMessageBox>(*desk.find("labelForm"), "messageBox", [&](QMessageBox&) { desk.window->unload(); });
+        desk.click("OKButton");
+        QTRY_VERIFY(!desk.form);
+    }
+
     void newWindowsHaveTitlesOfTheirOwnAndExitClosesThemAll()
     {
         Desk desk;

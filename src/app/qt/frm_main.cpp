@@ -225,7 +225,13 @@ void FrmMain::closeWhenUnwound()
 {
     if (!m_closeAsked || isBusy()) return;
     m_closeAsked = false;
-    QMetaObject::invokeMethod(&m_form, &QWidget::close, Qt::QueuedConnection);
+    QMetaObject::invokeMethod(
+        &m_form,
+        [this] {
+            m_toolkit.cancelColumnSetup(); // it may block the window, whose closing would be swallowed
+            m_form.close();
+        },
+        Qt::QueuedConnection);
 }
 
 void FrmMain::firstPaint()

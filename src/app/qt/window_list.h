@@ -41,7 +41,7 @@ public:
     void newWindow() override;
     void exitFrom(Window& self) override;
 
-    /// The one value dialog; made when it is first asked for, and again after it was closed by its frame.
+    /// The one value dialog; made when it is first asked for.
     [[nodiscard]] ChangeForm& changeForm();
     /// The same while it waits for a value, else null.
     [[nodiscard]] ChangeForm* openChangeForm() const;
