@@ -9,7 +9,10 @@ namespace {
 struct Edited : Pointed {
     void type(const std::string& text) { fakeUi.typedValues.emplace_back(text); }
     void cancel() { fakeUi.typedValues.emplace_back(std::nullopt); }
-    [[nodiscard]] double value(std::int32_t row, int layer = kUnconverted) const { return record.values(layer, 2, row); }
+    [[nodiscard]] double value(std::int32_t row, int layer = kUnconverted) const
+    {
+        return record.values(layer, 2, row);
+    }
 };
 
 TEST(ValueEdit, offersTheOldValueWithFourDecimals)
