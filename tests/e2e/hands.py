@@ -7,7 +7,7 @@ import unittest
 
 import session
 from by_hand import MISSING, Probe
-from desk import keys, type_text, wait_for
+from desk import Waited, keys, type_text, wait_for
 from session import DeskTest
 
 SENSOR = "S1"
@@ -150,11 +150,24 @@ class Hands(DeskTest):
     def move_a_point(self, plot, probe):
         point = sorted(p for p in probe.points if 20 < p < 400)[1]
         target = next(row for row in range(point + 9, point + 20) if self.readings[row] != MISSING)
+        self.wait_ready(plot, probe, target + 12)
         plot.drag(point, target)
         plot.to(target + 1)
         plot.to(target)
         wait_for("the baseline at the point", lambda: self.window.cue("Baseline under the pointer") == self.shown(target))
         probe.set_point(target, taken_from=point)
+
+    def wait_ready(self, plot, probe, start):
+        """The window drops presses while it still finishes a command: waits until a click beside all points counts."""
+        row = next(r for r in range(start, 440)
+                   if self.readings[r] != MISSING and all(abs(p - r) > 3 for p in probe.points))
+        for _ in range(10):
+            plot.click(row)
+            try:
+                return wait_for("a click to count", lambda: self.cue("right") == self.shown(row), limit=3)
+            except Waited:
+                pass  # later than any double click
+        raise Waited("no click counted")
 
     def stretch(self, probe, start, length):
         """The first stretch from a row on with readings at both ends and no point within reach of them."""
