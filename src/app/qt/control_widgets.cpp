@@ -63,7 +63,8 @@ void ControlWidgets::showText(QWidget& shown, Control control, const QString& te
 {
     if (control == Control::Picture1_0) {
         const QString name = QString::fromUtf8(controlRow(control).spoken);
-        shown.setAccessibleName(text.isEmpty() ? name : name + QStringLiteral(": ") + text); // the row cursor's place
+        const QString told = text.isEmpty() ? name : name + QStringLiteral(": ") + text; // the row cursor's place
+        if (shown.accessibleName() != told) shown.setAccessibleName(told); // each setting is told to readers
     } else if (auto* label = qobject_cast<QLabel*>(&shown)) {
         if (label->text() == text && !label->accessibleName().isEmpty()) return;
         label->setText(text);
